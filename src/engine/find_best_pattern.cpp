@@ -1,0 +1,164 @@
+#include "engine/find_best_pattern.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numeric>
+
+namespace brennik {
+
+float Scale100(float x) {
+    // An f32 times 100 is exact in double; the nearest whole number removes the binary remainder
+    // of the entry's two decimals.
+    return static_cast<float>(std::nearbyint(static_cast<double>(x) * 100.0));
+}
+
+namespace {
+
+// One branch-and-bound walk over the lengths still wanted. Counts are visited from high to low
+// with the first length outermost, and a candidate replaces the best only when it wastes
+// strictly less, so the result is that of the complete enumeration. Branches are cut where
+// they cannot reach a strictly smaller waste: a remainder below 0, a remainder that the
+// deeper lengths cannot fill below the best, or one whose residue modulo the deeper lengths'
+// common divisor is already no better. The walk stops at the least waste the lengths allow.
+class PatternWalk {
+public:
+    void Add(int cutRow, int64_t length, int64_t maxCount) {
+        rows_[count_] = cutRow;
+        length_[count_] = length;
+        max_[count_] = maxCount;
+        ++count_;
+    }
+
+    // Returns the least waste found, or `bar` when no pattern exists; counts in best().
+    int64_t Run(int64_t bar) {
+        capacity_[count_] = 0;
+        divisor_[count_] = 0;
+        for (int d = count_ - 1; d >= 0; --d) {
+            capacity_[d] = capacity_[d + 1] + max_[d] * length_[d];
+            divisor_[d] = std::gcd(divisor_[d + 1], length_[d]);
+        }
+        bestWaste_ = bar;
+        floor_ = divisor_[0] > 0 ? bar % divisor_[0] : bar;
+        done_ = false;
+        Visit(0, bar);
+        return bestWaste_;
+    }
+
+    int Size() const { return count_; }
+    int CutRow(int d) const { return rows_[d]; }
+    int64_t BestCount(int d) const { return best_[d]; }
+
+private:
+    int64_t LeastWasteBelow(int depth, int64_t rest) const {
+        int64_t unfilled = rest - capacity_[depth];
+        int64_t residue = divisor_[depth] > 0 ? rest % divisor_[depth] : rest;
+        return std::max(unfilled, residue);
+    }
+
+    void Visit(int depth, int64_t rest) {
+        if (depth == count_) {
+            if (rest < bestWaste_) {
+                bestWaste_ = rest;
+                std::copy(current_.begin(), current_.begin() + count_, best_.begin());
+                done_ = bestWaste_ == floor_;
+            }
+            return;
+        }
+        int64_t high = std::min(max_[depth], rest / length_[depth]);
+        int64_t low = depth == 0 ? 1 : 0;
+        for (int64_t c = high; c >= low && !done_; --c) {
+            int64_t left = rest - c * length_[depth];
+            if (left - capacity_[depth + 1] >= bestWaste_) {
+                break;  // fewer pieces here only leave more to fill below
+            }
+            if (LeastWasteBelow(depth + 1, left) >= bestWaste_) {
+                continue;
+            }
+            current_[depth] = c;
+            Visit(depth + 1, left);
+        }
+    }
+
+    int count_ = 0;
+    std::array<int, MaxCutLengths> rows_{};
+    std::array<int64_t, MaxCutLengths> length_{};
+    std::array<int64_t, MaxCutLengths> max_{};
+    std::array<int64_t, MaxCutLengths + 1> capacity_{};
+    std::array<int64_t, MaxCutLengths + 1> divisor_{};
+    std::array<int64_t, MaxCutLengths> current_{};
+    std::array<int64_t, MaxCutLengths> best_{};
+    int64_t bestWaste_ = 0;
+    int64_t floor_ = 0;
+    bool done_ = false;
+};
+
+}  // namespace
+
+void FindBestPattern(Module1& m, float stdLength, float price, const CutRows<float>& cutLengths,
+                     const CutRows<int32_t>& cutQtys, uint8_t row) {
+    m.EngineStd = row;
+    const auto bar = static_cast<int64_t>(Scale100(stdLength));
+    const float scaledPrice = Scale100(price);
+
+    // The walk covers the first length still wanted (at least one piece of it) and every later
+    // length of which a piece fits; all other counts are 0.
+    PatternWalk walk;
+    bool firstFound = false;
+    bool firstFits = false;
+    for (int i = 1; i <= m.CutCount; ++i) {
+        const int32_t wanted = cutQtys(i);
+        const auto length = static_cast<int64_t>(Scale100(cutLengths(i)));
+        const int64_t fits = length > 0 ? bar / length : 0;
+        const int64_t maxCount = std::min<int64_t>(fits, wanted);
+        if (!firstFound && wanted > 0) {
+            firstFound = true;
+            firstFits = maxCount >= 1;
+            if (!firstFits) {
+                break;
+            }
+            walk.Add(i, length, maxCount);
+        } else if (firstFound && maxCount > 0) {
+            walk.Add(i, length, maxCount);
+        }
+    }
+
+    int64_t bestWaste = bar;
+    if (firstFits) {
+        bestWaste = walk.Run(bar);
+    }
+    const bool found = firstFits && bestWaste < bar;
+
+    m.RankMat(row, 2) = row;
+    if (found) {
+        int64_t bars = NoBarLimit;
+        bool first = true;
+        for (int d = 0; d < walk.Size(); ++d) {
+            const int64_t pieces = walk.BestCount(d);
+            if (pieces > 0) {
+                m.PatternPieces(row, walk.CutRow(d)) = static_cast<int32_t>(pieces);
+                const int64_t limit = cutQtys(walk.CutRow(d)) / pieces;
+                bars = first ? limit : std::min(bars, limit);
+                first = false;
+            }
+        }
+        m.PatternBars(row) = static_cast<int32_t>(bars);
+        m.RankMat(row, 1) = static_cast<float>(bestWaste) / 100.0f;
+    } else {
+        m.PatternBars(row) = 0;
+        m.RankMat(row, 1) = NoPatternWaste;
+    }
+
+    if (m.MethodA) {
+        const auto used = static_cast<float>(bar - bestWaste);
+        m.RankMon(row, 2) = row;
+        if (used > 0 && scaledPrice > 0) {
+            m.RankMon(row, 1) = scaledPrice / used;
+        } else {
+            m.PatternBars(row) = 0;
+            m.RankMon(row, 1) = NoPatternRate;
+        }
+    }
+}
+
+}  // namespace brennik

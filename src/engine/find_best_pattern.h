@@ -1,0 +1,25 @@
+// The pattern search: for one standard length and what is left of the cutting list, the way of
+// cutting one bar that holds the longest remaining length and leaves the least material over,
+// how many bars can be cut that way, and the figures by which the rows are ranked.
+#pragma once
+
+#include <cstdint>
+
+#include "state/module1.h"
+
+namespace brennik {
+
+// The whole number of hundredths nearest x x 100: lengths and prices with two decimals become
+// exact integers, on which every waste is computed without rounding.
+float Scale100(float x);
+
+// Searches row `row` (1..MaxStdLengths) of the standard lengths, whose length and price are
+// given, against cutLengths and cutQtys(1..CutCount). Writes PatternPieces(row, ..),
+// PatternBars(row), RankMat(row, ..) and, in Method A, RankMon(row, ..); the caller has set the
+// row's PatternPieces to 0. Of all patterns with the least waste it keeps the one with the most
+// pieces of the first length, then of the second, and so on: the first that a walk from high
+// counts to low, first length outermost, would meet.
+void FindBestPattern(Module1& m, float stdLength, float price, const CutRows<float>& cutLengths,
+                     const CutRows<int32_t>& cutQtys, uint8_t row);
+
+}  // namespace brennik

@@ -1,0 +1,23 @@
+#include "shell/surface.h"
+
+#include <array>
+
+namespace brennik {
+
+std::string_view CtlName(Ctl name) {
+    static constexpr std::array<std::string_view, CtlCount> names = {
+        "txtSL",  "txtSP",  "txtL",   "txtN",   "txtMon",     "txtMat",  "Text1",   "Text2",
+        "Text4",  "Text5",  "Text3",  "Text6",  "Text7",      "txtLong", "Option1", "Option2",
+        "Check1", "Check2", "Check3", "Frame1", "cmdHelpTip", "Line1",   "Line4",   "ProgressBar1"};
+    return names[static_cast<int>(name)];
+}
+
+std::string ControlName(Control control) {
+    std::string name(CtlName(control.name));
+    if (control.row > 0) {
+        name += "(" + std::to_string(control.row) + ")";
+    }
+    return name;
+}
+
+}  // namespace brennik
