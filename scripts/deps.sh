@@ -1,10 +1,15 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that building and testing Brennik need, when any is missing.
-# Usage: scripts/deps.sh PACKAGE...   (run as root, or with sudo available)
+# Installs the Debian packages that Brennik needs, when any is missing.
+# Usage: scripts/deps.sh build|test    (run as root, or with sudo available)
 set -euo pipefail
 
+packages=(build-essential cmake ninja-build qt6-base-dev qt6-qpa-plugins fonts-dejavu-core)
+if [ "${1:-build}" = test ]; then
+    packages+=(googletest libgtest-dev libgmock-dev)
+fi
+
 missing=()
-for package in "$@"; do
+for package in "${packages[@]}"; do
     if ! dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q "install ok installed"; then
         missing+=("$package")
     fi

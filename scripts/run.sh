@@ -1,10 +1,19 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds Brennik and starts it.
+# Installs what is missing, builds Brennik and starts it. Without a display it solves a sample
+# problem with the headless runner instead.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-bash scripts/deps.sh build-essential cmake ninja-build googletest libgtest-dev libgmock-dev
+bash scripts/deps.sh build
 
 cmake -S . -B build/run -G Ninja -DCMAKE_BUILD_TYPE=Release -DBRENNIK_TESTS=OFF
 cmake --build build/run --parallel
-echo "The cutting engine is built; the headless runner and the desktop program are not there yet."
+
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+    exec build/run/src/shell/brennik
+fi
+echo "No display found, so the desktop program cannot open. Solving a sample problem instead:"
+echo "  brennik-solve --method B --advanced --print samples/sample-getting-started.pro"
+echo
+exec build/run/src/shell/brennik-solve --dir build/run --method B --advanced --print \
+    samples/sample-getting-started.pro

@@ -3,7 +3,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-bash scripts/deps.sh build-essential cmake ninja-build googletest libgtest-dev libgmock-dev
+bash scripts/deps.sh test
 
 cmake -S . -B build/test -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DBRENNIK_WERROR=ON
 cmake --build build/test --parallel

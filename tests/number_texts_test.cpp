@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <random>
 #include <string>
 #include <type_traits>
@@ -45,6 +46,20 @@ TEST(NumberValue, KeepsOutOfRangeValuesFinite) {
     EXPECT_EQ(NumberValue("0e999"), 0.0);
 }
 
+TEST(WholeNumberValue, TakesOnlyATextThatIsWhollyOneNumber) {
+    const struct {
+        const char* text;
+        double value;
+    } numbers[] = {{"12", 12.0}, {"  12.5\t ", 12.5}, {"-.25", -0.25},   {"+7", 7.0},
+                   {"3.", 3.0},  {"2.5E-1", 0.25},    {"1e999", DBL_MAX}};
+    for (const auto& c : numbers) {
+        EXPECT_EQ(WholeNumberValue(c.text), c.value) << c.text;
+    }
+    for (const char* text : {"", "  ", "12abc", "abc", "1,5", "1 2", "1e", "1.5.5", ".", "-"}) {
+        EXPECT_EQ(WholeNumberValue(text), std::nullopt) << text;
+    }
+}
+
 TEST(FloatText, ShowsSevenDigitsWithAZeroBeforeThePoint) {
     EXPECT_EQ(FloatText(5.5f), "5.5");
     EXPECT_EQ(FloatText(0.8f), "0.8");
@@ -56,6 +71,16 @@ TEST(FloatText, ShowsSevenDigitsWithAZeroBeforeThePoint) {
     EXPECT_EQ(FloatText(-2.5f), "-2.5");
     EXPECT_EQ(FloatText(0.0001f), "0.0001");
     EXPECT_EQ(FloatText(1e10f), "10000000000");
+}
+
+TEST(FloatText, OfADoubleShowsFifteenDigits) {
+    EXPECT_EQ(FloatText(121.0), "121");
+    EXPECT_EQ(FloatText(0.5), "0.5");
+    EXPECT_EQ(FloatText(-2.0), "-2");
+    EXPECT_EQ(FloatText(static_cast<double>(99999.9f)), "99999.8984375");
+    EXPECT_EQ(FloatText(1.0 / 3.0), "0.333333333333333");
+    EXPECT_EQ(FloatText(1e20), "100000000000000000000");
+    EXPECT_EQ(FloatText(DBL_MAX), "179769313486232" + std::string(294, '0'));
 }
 
 TEST(NumberText, PutsABlankOrMinusAndNoZeroBeforeThePoint) {

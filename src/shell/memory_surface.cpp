@@ -100,3 +100,43 @@ void MemorySurface::SetProgress(Control bar, float percent) {
 }
 
 }  // namespace brennik
+
+namespace brennik {
+
+std::optional<std::string> MemorySurface::InputBox(std::string_view prompt, std::string_view title,
+                                                   int xTwips, int yTwips) {
+    lastInputBoxAt_ = {xTwips, yTwips};
+    Record({SurfaceOp::InputBox,
+            {Ctl::txtLong},
+            std::string(prompt) + "|" + std::string(title),
+            {},
+            0});
+    return nextInput_;
+}
+
+std::string MemorySurface::OpenFileDialog(std::string_view title, std::string_view filter,
+                                          const std::string& folder) {
+    lastDialogFolder_ = folder;
+    lastDialogFilter_ = filter;
+    Record({SurfaceOp::OpenFileDialog, {Ctl::txtLong}, std::string(title), {}, 0});
+    return nextFileName_;
+}
+
+std::string MemorySurface::SaveFileDialog(std::string_view title, std::string_view filter,
+                                          const std::string& folder) {
+    lastDialogFolder_ = folder;
+    lastDialogFilter_ = filter;
+    Record({SurfaceOp::SaveFileDialog, {Ctl::txtLong}, std::string(title), {}, 0});
+    return nextFileName_;
+}
+
+void MemorySurface::StartViewer(const std::string& path) {
+    Record({SurfaceOp::StartViewer, {Ctl::txtLong}, path, {}, 0});
+}
+
+void MemorySurface::Beep() {
+    ++beeps_;
+    Record({SurfaceOp::Beep, {Ctl::txtLong}, {}, {}, 0});
+}
+
+}  // namespace brennik

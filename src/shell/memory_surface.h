@@ -5,6 +5,7 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "shell/surface.h"
@@ -35,10 +36,15 @@ enum class SurfaceOp : uint8_t {
     SetX1,
     SetX2,
     SetProgress,
+    InputBox,
+    OpenFileDialog,
+    SaveFileDialog,
+    Beep,
+    StartViewer,
 };
 
-// One recorded operation: text for texts and captions, colour for colours, number for values,
-// line ends and progress.
+// One recorded operation: text for texts, captions, and the prompt or title of a question;
+// colour for colours; number for values, line ends and progress.
 struct SurfaceEvent {
     SurfaceOp op;
     Control control;
@@ -66,6 +72,25 @@ public:
     void SetX1(Control line, int twips) override;
     void SetX2(Control line, int twips) override;
     void SetProgress(Control bar, float percent) override;
+    std::optional<std::string> InputBox(std::string_view prompt, std::string_view title, int xTwips,
+                                        int yTwips) override;
+    std::string OpenFileDialog(std::string_view title, std::string_view filter,
+                               const std::string& folder) override;
+    std::string SaveFileDialog(std::string_view title, std::string_view filter,
+                               const std::string& folder) override;
+    void Beep() override;
+    void StartViewer(const std::string& path) override;
+
+    // The answers that the next questions get: the input box's text (nothing: Cancel), the
+    // file dialogs' path ("" : Cancel). Each answer holds until it is set again.
+    void SetNextInput(std::optional<std::string> answer) { nextInput_ = std::move(answer); }
+    void SetNextFileName(std::string path) { nextFileName_ = std::move(path); }
+    // The folder and filter that the last file dialog was opened with.
+    const std::string& LastDialogFolder() const { return lastDialogFolder_; }
+    const std::string& LastDialogFilter() const { return lastDialogFilter_; }
+    // Where the last input box stood, in twips.
+    std::pair<int, int> LastInputBoxAt() const { return lastInputBoxAt_; }
+    int Beeps() const { return beeps_; }
 
     const ControlState& State(Control control) const;
     std::optional<Control> Focus() const { return focus_; }
@@ -84,6 +109,12 @@ private:
     std::optional<Control> focus_;
     std::vector<SurfaceEvent> events_;
     bool recording_ = true;
+    std::optional<std::string> nextInput_;
+    std::string nextFileName_;
+    std::string lastDialogFolder_;
+    std::string lastDialogFilter_;
+    std::pair<int, int> lastInputBoxAt_;
+    int beeps_ = 0;
 };
 
 }  // namespace brennik

@@ -20,4 +20,11 @@ std::string ControlName(Control control) {
     return name;
 }
 
+void SetStatus(Surface& surface, Rgb back, Rgb fore, std::string_view text) {
+    const Control status{Ctl::txtLong};
+    surface.SetBackColor(status, back);
+    surface.SetForeColor(status, fore);
+    surface.SetText(status, text);
+}
+
 }  // namespace brennik

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -89,6 +90,24 @@ public:
 
     // The progress bar, 0 to 100 with its fraction.
     virtual void SetProgress(Control bar, float percent) = 0;
+
+    // The modal text input box, placed at (x, y) twips; nothing when the user cancels.
+    virtual std::optional<std::string> InputBox(std::string_view prompt, std::string_view title,
+                                                int xTwips, int yTwips) = 0;
+    // The open and the save file dialog, opening in `folder`. The filter is a list of text and
+    // pattern pairs with a bar between all items ("Text (*.pro)|*.pro|..."), the first pair in
+    // force. The answer is a full path, or "" when the user cancelled.
+    virtual std::string OpenFileDialog(std::string_view title, std::string_view filter,
+                                       const std::string& folder) = 0;
+    virtual std::string SaveFileDialog(std::string_view title, std::string_view filter,
+                                       const std::string& folder) = 0;
+    virtual void Beep() = 0;
+    // Opens the text file in the system's text viewer, without waiting for it.
+    virtual void StartViewer(const std::string& path) = 0;
 };
+
+// The status line txtLong: its back colour, text colour and text, in this order, without a
+// repaint.
+void SetStatus(Surface& surface, Rgb back, Rgb fore, std::string_view text);
 
 }  // namespace brennik

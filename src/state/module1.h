@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "state/rows.h"
 
@@ -56,6 +57,8 @@ struct Module1 {
     Flag EntryError = kFalse;
     Flag LengthError = kFalse;
     Flag ReferenceAsked = kFalse;
+    // A work file or last.sol could not be written; the pass kept the previous last.sol.
+    Flag FileError = kFalse;
     std::string ReferenceText;
 
     // The step that the engine has just chosen.
@@ -117,6 +120,9 @@ struct Module1 {
     float MaxItemsInLine = 0;
     float WasteBarsTotal = 0;
     std::string LineText;
+    // The standard row that cut each cutting line of this pass, in the order of the lines, so
+    // that every line reaches the group of its own row.
+    std::vector<uint8_t> LineRows;
 
     // Settings.
     Flag ShowWasteSummary = kFalse;

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <system_error>
 
 namespace brennik {
@@ -210,15 +211,26 @@ T RoundThroughText(T x, int significant) {
     return ReadDecimal<T>(text.data(), end, d.negative, d.pointAt > 0);
 }
 
-}  // namespace
+// The longest number at the start of a text, after blanks and tabs: its value and where it ends.
+// `found` is false, and the value 0, when the text does not begin with a number.
+struct NumberPrefix {
+    bool found = false;
+    double value = 0.0;
+    size_t end = 0;
+};
 
-double NumberValue(std::string_view text) {
-    const size_t n = text.size();
-    const auto digitAt = [&text, n](size_t k) { return k < n && IsDigit(text[k]); };
-    size_t i = 0;
-    while (i < n && (text[i] == ' ' || text[i] == '\t')) {
+// The first place at or after `i` that holds neither a blank nor a tab.
+size_t SkipBlanks(std::string_view text, size_t i) {
+    while (i < text.size() && (text[i] == ' ' || text[i] == '\t')) {
         ++i;
     }
+    return i;
+}
+
+NumberPrefix ScanNumber(std::string_view text) {
+    const size_t n = text.size();
+    const auto digitAt = [&text, n](size_t k) { return k < n && IsDigit(text[k]); };
+    size_t i = SkipBlanks(text, 0);
     bool negative = false;
     if (i < n && (text[i] == '+' || text[i] == '-')) {
         negative = text[i] == '-';
@@ -249,7 +261,7 @@ double NumberValue(std::string_view text) {
         }
     }
     if (digits == 0) {
-        return 0.0;
+        return {};
     }
 
     // An exponent counts only with at least one digit: "1e" and "1e+" read as 1.
@@ -272,18 +284,43 @@ double NumberValue(std::string_view text) {
     const int leadingExponent =
         (significantIntDigits > 0 ? significantIntDigits - 1 : -leadingFractionZeros - 1) +
         exponent;
-    return ReadDecimal<double>(text.data() + start, text.data() + i, negative,
-                               nonZero && leadingExponent >= 0);
+    return {true,
+            ReadDecimal<double>(text.data() + start, text.data() + i, negative,
+                                nonZero && leadingExponent >= 0),
+            i};
 }
 
-std::string FloatText(float x) {
-    if (!std::isfinite(x)) {
-        return NonFiniteText(x);
-    }
-    const Decimal d = SignificantDigits(x, kFloatDigits);
+// The form of FloatText, for a finite value's digits: no trailing zeros, no exponent, a zero
+// before the point of a value below 1, no blank in front.
+std::string EntryTextOf(const Decimal& d) {
     std::string out = ShowsMinus(d) ? "-" : "";
     AppendAllDigits(out, d, true);
     return out;
+}
+
+}  // namespace
+
+double NumberValue(std::string_view text) {
+    return ScanNumber(text).value;
+}
+
+std::optional<double> WholeNumberValue(std::string_view text) {
+    const NumberPrefix number = ScanNumber(text);
+    if (!number.found) {
+        return std::nullopt;
+    }
+    if (SkipBlanks(text, number.end) < text.size()) {
+        return std::nullopt;
+    }
+    return number.value;
+}
+
+std::string FloatText(float x) {
+    return std::isfinite(x) ? EntryTextOf(SignificantDigits(x, kFloatDigits)) : NonFiniteText(x);
+}
+
+std::string FloatText(double x) {
+    return std::isfinite(x) ? EntryTextOf(SignificantDigits(x, kDoubleDigits)) : NonFiniteText(x);
 }
 
 std::string NumberText(float x) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -15,9 +16,16 @@ namespace brennik {
 // for it gives 0; never infinity or NaN.
 double NumberValue(std::string_view text);
 
+// The value of a text that is wholly one number by the grammar of NumberValue, with blanks and
+// tabs allowed around it; nothing for any other text, the empty one included. For reading fields
+// of a file, where "12abc" is no number at all.
+std::optional<double> WholeNumberValue(std::string_view text);
+
 // The text of an f32 for an entry box: at most 7 significant digits, no trailing zeros, no
 // exponent, "0" before the point of a value below 1, no blank in front.
 std::string FloatText(float x);
+// The same form for an f64, with 15 significant digits.
+std::string FloatText(double x);
 
 // The general text of a number: a blank in front (a minus sign if negative), then its digits
 // rounded to the significant digits of its type, no trailing zeros, no exponent and no zero

@@ -1,0 +1,33 @@
+// Reshapes the work file tiny1.sol into the finished report last.sol: drops the slots no line
+// uses, stamps and splits off the head and the foot, groups the cutting lines by standard length
+// and joins the pieces. Each step reads and writes work files in the current folder and returns
+// false, at once, when a file could not be read or written.
+#pragma once
+
+#include "files/file_system.h"
+#include "report/clock.h"
+#include "state/module1.h"
+
+namespace brennik {
+
+// tiny1.sol -> tiny2.sol: every line keeps its first MaxItemsInLine slots and its waste columns;
+// the reference line is copied whole.
+bool SqueezeSlots(const Module1& m, FileSystem& files);
+
+// tiny2.sol -> thead.sol, tiny3.sol (the cutting lines) and tfoot.sol. Without the waste summary
+// the date and time are put at the right edge of the cutting details here.
+bool SplitReport(const Module1& m, FileSystem& files, const Clock& clock);
+
+// tiny3.sol -> tiny4.sol: orders the standard rows longest first (SortStdLengths) and writes, for
+// each row with bars, the lines that row cut and its summary line, groups divided by a line of
+// one space.
+bool GroupByLength(Module1& m, FileSystem& files);
+
+// thead.sol, tiny4.sol and tfoot.sol -> last.sol, which is replaced in one step so that it is
+// never half written; then the work files are removed.
+bool JoinReport(FileSystem& files);
+
+// Removes the six work files and the aside copy of last.sol, as far as it can.
+void RemoveWorkFiles(FileSystem& files);
+
+}  // namespace brennik

@@ -1,0 +1,290 @@
+// brennik-solve: the headless companion of the desktop program. It loads a problem file into
+// the entry boxes as Load does, sets the run mode and the settings, presses Find Solution once
+// on the in-memory screen, and prints what the screen shows, or the report it wrote.
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "files/file_system.h"
+#include "files/problem_files.h"
+#include "files/settings.h"
+#include "report/clock.h"
+#include "report/page_files.h"
+#include "run/find_press.h"
+#include "shell/memory_surface.h"
+#include "state/module1.h"
+
+namespace brennik {
+namespace {
+
+constexpr const char* Usage =
+    "Usage: brennik-solve [--method A|B] [--advanced] [--waste-summary] [--reference TEXT]\n"
+    "                     [--dir DIR] [--now YYYY-MM-DDTHH:MM] [--page-width N] [--pages]\n"
+    "                     [--print] [--verbose]\n"
+    "                     PROBLEM_FILE\n";
+
+constexpr const char* Help =
+    "\n"
+    "Solves the problem in PROBLEM_FILE (a .pro or .csv problem file) exactly as one press of\n"
+    "Find Solution in the desktop program does, and writes last.sol into DIR.\n"
+    "\n"
+    "  --method A|B      Method A keeps the waste of money small and needs every price;\n"
+    "                    without them it runs as Method B, which keeps the waste of\n"
+    "                    material small. Default: A, as the program starts.\n"
+    "  --advanced        tick Advanced: also try other orders of the standard lengths\n"
+    "  --waste-summary   put the WASTE SUMMARY columns into the report\n"
+    "  --reference TEXT  ask for a reference note and answer it with TEXT\n"
+    "  --dir DIR         the folder for last.sol and the work files (default: here)\n"
+    "  --now TIME        the date and time stamped on the report (default: now)\n"
+    "  --page-width N    the width of a page file, 60 to 200 (otherwise 66, the default)\n"
+    "  --pages           after the press, cut last.sol into the page files page1 to page4\n"
+    "                    as View & Print does\n"
+    "  --print           print last.sol instead of the figures\n"
+    "  --verbose         also print every status text of the press, in order, with the\n"
+    "                    attempt of the Advanced search at which it was set\n"
+    "  --help            show this text\n"
+    "\n"
+    "Exit status: 0 when last.sol was written, 1 when the entries were refused (the status\n"
+    "text goes to standard error), 2 for a usage error, a problem file that cannot be read,\n"
+    "or a solution file that cannot be written.\n";
+
+struct Options {
+    bool methodB = false;
+    bool advanced = false;
+    bool wasteSummary = false;
+    std::optional<std::string> reference;
+    std::string dir = ".";
+    std::optional<std::tm> now;
+    int16_t pageWidth = DefaultPageWidth;
+    bool pages = false;
+    bool print = false;
+    bool verbose = false;
+    std::string problemFile;
+};
+
+[[noreturn]] void Fail(const std::string& message) {
+    std::cerr << "brennik-solve: " << message << "\n";
+    std::exit(2);
+}
+
+std::optional<std::tm> ParseMoment(const std::string& text) {
+    std::tm moment{};
+    int year = 0;
+    int month = 0;
+    char tail = 0;
+    if (std::sscanf(text.c_str(), "%4d-%2d-%2dT%2d:%2d%c", &year, &month, &moment.tm_mday,
+                    &moment.tm_hour, &moment.tm_min, &tail) != 5 ||
+        month < 1 || month > 12 || moment.tm_mday < 1 || moment.tm_mday > 31 ||
+        moment.tm_hour > 23 || moment.tm_min > 59) {
+        return std::nullopt;
+    }
+    moment.tm_year = year - 1900;
+    moment.tm_mon = month - 1;
+    return moment;
+}
+
+Options ParseOptions(int argc, char** argv) {
+    Options options;
+    std::vector<std::string> args(argv + 1, argv + argc);
+    auto valueOf = [&](std::size_t& i) -> const std::string& {
+        if (i + 1 >= args.size()) {
+            Fail(args[i] + " needs a value\n" + Usage);
+        }
+        return args[++i];
+    };
+    for (std::size_t i = 0; i < args.size(); ++i) {
+        const std::string& arg = args[i];
+        if (arg == "--help" || arg == "-h") {
+            std::cout << Usage << Help;
+            std::exit(0);
+        } else if (arg == "--method") {
+            const std::string& method = valueOf(i);
+            if (method != "A" && method != "B") {
+                Fail("--method takes A or B, not '" + method + "'");
+            }
+            options.methodB = method == "B";
+        } else if (arg == "--advanced") {
+            options.advanced = true;
+        } else if (arg == "--waste-summary") {
+            options.wasteSummary = true;
+        } else if (arg == "--reference") {
+            options.reference = valueOf(i);
+        } else if (arg == "--dir") {
+            options.dir = valueOf(i);
+        } else if (arg == "--now") {
+            options.now = ParseMoment(valueOf(i));
+            if (!options.now) {
+                Fail("--now takes a time like 1999-04-06T20:16, not '" + args[i] + "'");
+            }
+        } else if (arg == "--page-width") {
+            options.pageWidth = PageWidthFrom(valueOf(i));
+        } else if (arg == "--pages") {
+            options.pages = true;
+        } else if (arg == "--print") {
+            options.print = true;
+        } else if (arg == "--verbose") {
+            options.verbose = true;
+        } else if (arg.starts_with("-") && arg != "-") {
+            Fail("unknown option " + arg + "\n" + Usage);
+        } else if (!options.problemFile.empty()) {
+            Fail("only one problem file, please\n" + std::string(Usage));
+        } else {
+            options.problemFile = arg;
+        }
+    }
+    if (options.problemFile.empty()) {
+        Fail("no problem file given\n" + std::string(Usage));
+    }
+    return options;
+}
+
+// The in-memory screen, keeping every text of the status line with the attempt of the search
+// at which it was set.
+class StatusLog final : public MemorySurface {
+public:
+    explicit StatusLog(const Module1& m) : m_(m) { SetRecording(false); }
+
+    void SetText(Control box, std::string_view text) override {
+        MemorySurface::SetText(box, text);
+        if (box.name == Ctl::txtLong && logging_) {
+            texts_.emplace_back(m_.SeqStep, std::string(text));
+        }
+    }
+    void StartLogging() { logging_ = true; }
+    const std::vector<std::pair<int, std::string>>& Texts() const { return texts_; }
+
+private:
+    const Module1& m_;
+    bool logging_ = false;
+    std::vector<std::pair<int, std::string>> texts_;
+};
+
+void PrintStatusTexts(const StatusLog& log) {
+    const std::string* previous = nullptr;
+    for (const auto& [attempt, text] : log.Texts()) {
+        if (previous != nullptr && *previous == text) {
+            continue;  // the intake clears the line once for every row
+        }
+        previous = &text;
+        if (attempt > 0) {
+            std::cout << "status at attempt " << attempt << ": \"" << text << "\"\n";
+        } else {
+            std::cout << "status: \"" << text << "\"\n";
+        }
+    }
+}
+
+std::string Trimmed(const std::string& text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    return first == std::string::npos ? ""
+                                      : text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+void PrintFigures(const Module1& m, const StatusLog& screen) {
+    const bool methodA = m.MethodA != 0;
+    const bool money = methodA || m.AllPriced;
+    const Ctl bars = methodA ? Ctl::txtMon : Ctl::txtMat;
+    std::printf("Method %s%s\n", methodA ? "A" : "B",
+                screen.Value({Ctl::Check1}) ? ", Advanced" : "");
+    std::printf("%10s %10s %8s\n", "Length", "Price", "Bars");
+    for (int row = 1; row <= MaxStdLengths; ++row) {
+        const std::string length = screen.Text({Ctl::txtSL, row});
+        if (!length.empty()) {
+            std::printf("%10s %10s %8s\n", length.c_str(), screen.Text({Ctl::txtSP, row}).c_str(),
+                        Trimmed(screen.Text({bars, row})).c_str());
+        }
+    }
+    auto figure = [&](Ctl box, int row) { return Trimmed(screen.Text({box, row})); };
+    const Ctl cost = methodA ? Ctl::Text3 : Ctl::Text6;
+    const Ctl monWaste = methodA ? Ctl::Text1 : Ctl::Text4;
+    const Ctl matWaste = methodA ? Ctl::Text2 : Ctl::Text5;
+    if (money) {
+        std::printf("Total cost         %s\n", figure(cost, 0).c_str());
+    }
+    std::printf("Waste of material  %s (%s %%)\n", figure(matWaste, 1).c_str(),
+                figure(matWaste, 2).c_str());
+    if (money) {
+        std::printf("Waste of money     %s (%s %%)\n", figure(monWaste, 1).c_str(),
+                    figure(monWaste, 2).c_str());
+    }
+}
+
+int Solve(const Options& options) {
+    namespace fs = std::filesystem;
+    std::error_code error;
+    const fs::path dir = fs::absolute(options.dir, error);
+    if (error || !fs::is_directory(dir)) {
+        Fail("no such folder: " + options.dir);
+    }
+    const fs::path problem = fs::absolute(options.problemFile, error);
+    DiskFileSystem files(dir.string(), dir.string());
+    std::string contents;
+    if (error || !files.ReadFile(problem.string(), contents)) {
+        Fail("cannot read " + options.problemFile);
+    }
+
+    auto m = std::make_unique<Module1>();
+    StatusLog screen(*m);
+    screen.SetValue({options.methodB ? Ctl::Option2 : Ctl::Option1}, true);
+    screen.SetValue({Ctl::Check1}, options.advanced);
+    m->ShowWasteSummary = ToFlag(options.wasteSummary);
+    m->ShowReference = ToFlag(options.reference.has_value());
+    m->PageWidth = options.pageWidth;
+    screen.SetNextInput(options.reference);
+
+    screen.SetNextFileName(problem.string());
+    LoadProblem(*m, screen, files);
+
+    std::unique_ptr<Clock> clock;
+    if (options.now) {
+        clock = std::make_unique<FixedClock>(*options.now);
+    } else {
+        clock = std::make_unique<SystemClock>();
+    }
+    Platform platform{screen, files, *clock};
+    screen.StartLogging();
+    cmdFind_Click(*m, platform);
+
+    const std::string status = screen.Text({Ctl::txtLong});
+    if (m->EntryError || m->LengthError) {
+        if (options.verbose) {
+            PrintStatusTexts(screen);
+        }
+        std::cerr << status << "\n";
+        return 1;
+    }
+    if (m->FileError) {
+        std::cerr << "brennik-solve:" << status << "\n";
+        return 2;
+    }
+    if (options.pages) {
+        ViewSolution(*m, screen, files);
+    }
+    if (options.verbose) {
+        PrintStatusTexts(screen);
+    }
+    if (options.print) {
+        std::string report;
+        if (!files.ReadFile("last.sol", report)) {
+            Fail("cannot read last.sol");
+        }
+        std::cout << report;
+    } else {
+        std::cout << status << "\n";
+        PrintFigures(*m, screen);
+    }
+    return 0;
+}
+
+}  // namespace
+}  // namespace brennik
+
+int main(int argc, char** argv) {
+    return brennik::Solve(brennik::ParseOptions(argc, argv));
+}
