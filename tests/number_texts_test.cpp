@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+
 #include <cfloat>
 #include <charconv>
 #include <cmath>
@@ -215,6 +217,60 @@ TEST(Round2, RoundsTheDecimalTextHalfAwayFromZero) {
     EXPECT_EQ(Round2(1e300), 1e300);
     EXPECT_EQ(Round2(DBL_MAX), DBL_MAX);  // its 15-digit text lies beyond the largest f64
     EXPECT_EQ(Round2(-DBL_MAX), -DBL_MAX);
+}
+
+// Round2 told step by step with the C library: the text with the type's significant digits,
+// its digits rounded half away from zero at the second decimal, the result read back.
+template <typename T>
+T TextbookRound2(T x, int significant) {
+    char text[64];
+    std::snprintf(text, sizeof text, "%.*e", significant - 1, static_cast<double>(x));
+    const std::string s(text);
+    const bool negative = s[0] == '-';
+    const std::size_t e = s.find('e');
+    std::string digits;
+    for (char c : s.substr(negative ? 1 : 0, e - (negative ? 1 : 0))) {
+        if (c != '.') {
+            digits += c;
+        }
+    }
+    const int exponent = std::stoi(s.substr(e + 1));
+    // digits d0.d1d2... x 10^exponent; keep those down to the hundredths.
+    const int keep = exponent + 3;
+    long long hundredths = 0;
+    if (keep > 0) {
+        hundredths = std::stoll(digits.substr(0, std::min<std::size_t>(keep, digits.size())));
+        for (int k = static_cast<int>(digits.size()); k < keep; ++k) {
+            hundredths *= 10;
+        }
+        if (keep < static_cast<int>(digits.size()) && digits[keep] >= '5') {
+            ++hundredths;
+        }
+    } else if (keep == 0 && digits[0] >= '5') {
+        hundredths = 1;
+    }
+    const std::string back = (negative ? "-" : "") + std::to_string(hundredths) + "e-2";
+    return static_cast<T>(std::strtod(back.c_str(), nullptr));
+}
+
+TEST(Round2, AgreesWithTheRoundingThroughTextEverywhere) {
+    std::mt19937_64 random(2675);
+    std::uniform_int_distribution<long long> cents(-10000000, 10000000);
+    std::uniform_int_distribution<int> nudge(-3, 3);
+    std::uniform_real_distribution<double> anywhere(-1e9, 1e9);
+    for (int k = 0; k < 200000; ++k) {
+        // Halves of a hundredth, nudged by a few units of the last place, and values anywhere.
+        double x = (static_cast<double>(cents(random)) + 0.5) / 100.0;
+        for (int step = nudge(random); step != 0; step += step > 0 ? -1 : 1) {
+            x = std::nextafter(x, step > 0 ? 1e300 : -1e300);
+        }
+        if (k % 4 == 0) {
+            x = anywhere(random) / std::pow(10.0, k % 9);
+        }
+        ASSERT_EQ(Round2(x), TextbookRound2(x, 15)) << std::hexfloat << x;
+        const auto f = static_cast<float>(x / 1000.0);
+        ASSERT_EQ(Round2(f), TextbookRound2(f, 7)) << std::hexfloat << f;
+    }
 }
 
 TEST(Round2, OfAFloatKeepsTheFloat) {

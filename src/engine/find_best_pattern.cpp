@@ -5,6 +5,8 @@
 #include <cmath>
 #include <numeric>
 
+#include "engine/pattern_memo.h"
+
 namespace brennik {
 
 float Scale100(float x) {
@@ -48,6 +50,31 @@ public:
     int Size() const { return count_; }
     int CutRow(int d) const { return rows_[d]; }
     int64_t BestCount(int d) const { return best_[d]; }
+
+    PatternMemo::Key MemoKey(int64_t bar) const {
+        PatternMemo::Key key;
+        key.bar = static_cast<int32_t>(bar);
+        key.size = count_;
+        for (int d = 0; d < count_; ++d) {
+            key.items[2 * d] = static_cast<int32_t>(length_[d]);
+            key.items[2 * d + 1] = static_cast<int32_t>(max_[d]);
+        }
+        return key;
+    }
+    PatternMemo::Answer MemoAnswer() const {
+        PatternMemo::Answer answer;
+        answer.waste = bestWaste_;
+        for (int d = 0; d < count_; ++d) {
+            answer.counts[d] = static_cast<int32_t>(best_[d]);
+        }
+        return answer;
+    }
+    void Recall(const PatternMemo::Answer& answer) {
+        bestWaste_ = answer.waste;
+        for (int d = 0; d < count_; ++d) {
+            best_[d] = answer.counts[d];
+        }
+    }
 
 private:
     int64_t LeastWasteBelow(int depth, int64_t rest) const {
@@ -93,7 +120,17 @@ private:
     bool done_ = false;
 };
 
+// One memory per thread, so that searches running side by side never share one.
+PatternMemo& ThreadMemo() {
+    thread_local PatternMemo memo;
+    return memo;
+}
+
 }  // namespace
+
+void ForgetPatterns() {
+    ThreadMemo().Clear();
+}
 
 void FindBestPattern(Module1& m, float stdLength, float price, const CutRows<float>& cutLengths,
                      const CutRows<int32_t>& cutQtys, uint8_t row) {
@@ -125,7 +162,15 @@ void FindBestPattern(Module1& m, float stdLength, float price, const CutRows<flo
 
     int64_t bestWaste = bar;
     if (firstFits) {
-        bestWaste = walk.Run(bar);
+        PatternMemo& memo = ThreadMemo();
+        const PatternMemo::Key key = walk.MemoKey(bar);
+        if (const PatternMemo::Answer* known = memo.Find(key)) {
+            walk.Recall(*known);
+            bestWaste = known->waste;
+        } else {
+            bestWaste = walk.Run(bar);
+            memo.Remember(key, walk.MemoAnswer());
+        }
     }
     const bool found = firstFits && bestWaste < bar;
 

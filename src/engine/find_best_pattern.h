@@ -22,4 +22,7 @@ float Scale100(float x);
 void FindBestPattern(Module1& m, float stdLength, float price, const CutRows<float>& cutLengths,
                      const CutRows<int32_t>& cutQtys, uint8_t row);
 
+// Empties this thread's memory of searched patterns, as a new problem makes it useless.
+void ForgetPatterns();
+
 }  // namespace brennik

@@ -2,6 +2,7 @@
 
 #include "engine/advanced_search.h"
 #include "engine/better_solution.h"
+#include "engine/find_best_pattern.h"
 #include "run/results_panel.h"
 #include "run/run_pass.h"
 
@@ -36,6 +37,7 @@ void cmdFind_Click(Module1& m, Platform& platform) {
     const Control progress{Ctl::ProgressBar1};
     const Control status{Ctl::txtLong};
 
+    ForgetPatterns();  // the patterns of an earlier problem are of no use to this press
     m.ReferenceAsked = kFalse;
     m.BetterFound = kFalse;
     m.Advanced = ToFlag(surface.Value({Ctl::Check1}));

@@ -388,12 +388,32 @@ double RoundEven2(double x) {
     return value;
 }
 
+// Most figures lie well away from half a hundredth. For them the text of `significant` digits
+// falls on the same side of the half as the value itself, and the result is simply the nearest
+// hundredth, which plain arithmetic finds exactly (k / 100 is the double that "k e-2" reads
+// as). Only a figure near a half, or too large for that margin, goes through the text.
+template <typename T>
+T Round2(T x, int significant) {
+    const double hundredths = static_cast<double>(x) * 100.0;
+    const double limit = std::pow(10.0, significant - 3);
+    if (std::fabs(hundredths) < limit) {
+        const double whole = std::floor(hundredths);
+        const double fraction = hundredths - whole;
+        const double margin = std::fabs(hundredths) * std::pow(10.0, 2 - significant);
+        if (std::fabs(fraction - 0.5) > margin) {
+            const double nearest = fraction > 0.5 ? whole + 1 : whole;
+            return static_cast<T>(nearest / 100.0 + 0.0);
+        }
+    }
+    return RoundThroughText(x, significant);
+}
+
 double Round2(double x) {
-    return RoundThroughText(x, kDoubleDigits);
+    return Round2(x, kDoubleDigits);
 }
 
 float Round2(float x) {
-    return RoundThroughText(x, kFloatDigits);
+    return Round2(x, kFloatDigits);
 }
 
 }  // namespace brennik

@@ -1,0 +1,92 @@
+// Times whole presses of Find Solution with the Advanced option, in both Methods, on every
+// problem of the generated families. Built twice: against the engine, and against the plain
+// complete enumeration (brennik-bench-plain), so the two can be set side by side.
+#include <benchmark/benchmark.h>
+#include <sys/resource.h>
+
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "files/file_system.h"
+#include "problem_families.h"
+#include "report/clock.h"
+#include "run/find_press.h"
+#include "shell/memory_surface.h"
+#include "state/module1.h"
+
+namespace brennik::bench {
+
+namespace {
+
+std::tm FixedMoment() {
+    std::tm moment{};
+    moment.tm_year = 126;
+    moment.tm_mday = 1;
+    return moment;
+}
+
+// One press on a fresh form, as a user would make it after typing the problem.
+void Press(const ProblemText& problem, bool methodB, const std::string& folder) {
+    auto m = std::make_unique<Module1>();
+    MemorySurface surface;
+    surface.SetRecording(false);
+    for (std::size_t r = 0; r < problem.stock.size(); ++r) {
+        surface.SetText({Ctl::txtSL, static_cast<int>(r + 1)}, problem.stock[r].first);
+        surface.SetText({Ctl::txtSP, static_cast<int>(r + 1)}, problem.stock[r].second);
+    }
+    for (std::size_t i = 0; i < problem.cuts.size(); ++i) {
+        surface.SetText({Ctl::txtL, static_cast<int>(i + 1)}, problem.cuts[i].first);
+        surface.SetText({Ctl::txtN, static_cast<int>(i + 1)}, problem.cuts[i].second);
+    }
+    surface.SetValue({methodB ? Ctl::Option2 : Ctl::Option1}, true);
+    surface.SetValue({Ctl::Check1}, true);
+    DiskFileSystem files(folder, folder);
+    FixedClock clock(FixedMoment());
+    Platform platform{surface, files, clock};
+    cmdFind_Click(*m, platform);
+    if (m->EntryError || m->LengthError || m->FileError) {
+        std::fprintf(stderr, "a benchmark problem was refused: %s\n",
+                     surface.Text({Ctl::txtLong}).c_str());
+        std::abort();
+    }
+}
+
+}  // namespace
+
+}  // namespace brennik::bench
+
+int main(int argc, char** argv) {
+    using namespace brennik::bench;
+    namespace fs = std::filesystem;
+    const fs::path folder = fs::temp_directory_path() / "brennik-bench";
+    fs::create_directories(folder);
+
+    static const std::vector<Family> families = MakeFamilies(3, 20261122);
+    for (const Family& family : families) {
+        for (std::size_t k = 0; k < family.problems.size(); ++k) {
+            for (bool methodB : {false, true}) {
+                const std::string name =
+                    family.name + "/" + std::to_string(k + 1) + "/" + (methodB ? "B" : "A");
+                const ProblemText* problem = &family.problems[k];
+                benchmark::RegisterBenchmark(name.c_str(), [problem, methodB,
+                                                            folder](benchmark::State& state) {
+                    for (auto _ : state) {
+                        Press(*problem, methodB, folder.string());
+                    }
+                })->Unit(benchmark::kMillisecond);
+            }
+        }
+    }
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    std::printf("peak memory: %.1f MB\n", static_cast<double>(usage.ru_maxrss) / 1024.0);
+    fs::remove_all(folder);
+    return 0;
+}
