@@ -3,7 +3,8 @@
 # Usage: scripts/deps.sh build|test    (run as root, or with sudo available)
 set -euo pipefail
 
-packages=(build-essential cmake ninja-build qt6-base-dev qt6-qpa-plugins fonts-dejavu-core)
+packages=(build-essential cmake ninja-build qt6-base-dev qt6-qpa-plugins fonts-dejavu-core
+    fonts-liberation2)
 if [ "${1:-build}" = test ]; then
     packages+=(googletest libgtest-dev libgmock-dev)
 fi

@@ -86,7 +86,7 @@ TEST(ViewSolution, WithoutASolutionMakesNoPageAndStartsNoViewer) {
     bench.files.WriteFile("page1", "old");
     ViewSolution(bench.m, bench.surface, bench.files);
     EXPECT_EQ(bench.Status(), " There is no solution to view yet !.");
-    EXPECT_TRUE(bench.folder.Files().empty());
+    EXPECT_TRUE(bench.folder.FileNames().empty());
     for (const SurfaceEvent& event : bench.surface.Events()) {
         EXPECT_NE(event.op, SurfaceOp::StartViewer);
     }

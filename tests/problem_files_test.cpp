@@ -13,6 +13,7 @@
 #include "files/text_lines.h"
 #include "shell/memory_surface.h"
 #include "state/intake.h"
+#include "temp_folder.h"
 
 namespace brennik {
 namespace {
@@ -162,15 +163,12 @@ TEST(WriteProblemText, WritesTheUnbrokenRunsOfRows) {
 class ProblemFilesTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        std::string pattern = (fs::temp_directory_path() / "problem_files_XXXXXX").string();
-        ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-        root_ = pattern;
+        root_ = folder_.Path();
         fs::create_directories(root_ / "app");
         fs::create_directories(root_ / "work");
         files_ =
             std::make_unique<DiskFileSystem>((root_ / "app").string(), (root_ / "work").string());
     }
-    void TearDown() override { fs::remove_all(root_); }
 
     std::string AppPath(const std::string& name) const { return (root_ / "app" / name).string(); }
     std::string WorkPath(const std::string& name) const { return (root_ / "work" / name).string(); }
@@ -192,6 +190,7 @@ protected:
         surface_.SetText({Ctl::txtN, 3}, "84.9");
     }
 
+    testing::TempFolder folder_;
     fs::path root_;
     std::unique_ptr<DiskFileSystem> files_;
     MemorySurface surface_;

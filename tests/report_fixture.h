@@ -5,9 +5,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <ctime>
-#include <filesystem>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -20,52 +17,9 @@
 #include "report/report_lines.h"
 #include "state/module1.h"
 #include "state/ordering.h"
+#include "temp_folder.h"
 
 namespace brennik::testing {
-
-// A local date and time as the clock gives it; month from 1.
-inline std::tm Moment(int year, int month, int day, int hour, int minute) {
-    std::tm t{};
-    t.tm_year = year - 1900;
-    t.tm_mon = month - 1;
-    t.tm_mday = day;
-    t.tm_hour = hour;
-    t.tm_min = minute;
-    return t;
-}
-
-// An empty folder of its own under the system's temporary folder, removed with everything in it
-// when the test ends.
-class TempFolder {
-public:
-    TempFolder() {
-        std::random_device random;
-        path_ = std::filesystem::temp_directory_path() /
-                ("brennik-report-" + std::to_string(random()) + "-" + std::to_string(random()));
-        std::filesystem::create_directories(path_);
-    }
-    ~TempFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-    TempFolder(const TempFolder&) = delete;
-    TempFolder& operator=(const TempFolder&) = delete;
-
-    std::string Path() const { return path_.string(); }
-
-    // The names of the files in the folder, sorted.
-    std::vector<std::string> FileNames() const {
-        std::vector<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(path_)) {
-            names.push_back(entry.path().filename().string());
-        }
-        std::sort(names.begin(), names.end());
-        return names;
-    }
-
-private:
-    std::filesystem::path path_;
-};
 
 // LoadProblem, then the standard rows put back in the order the problem gives them, as a pass in
 // the best sequence of the Advanced search has them.

@@ -46,7 +46,7 @@ TEST(RunPass, SolvesFromTheBoxesToLastSol) {
     EXPECT_EQ(bench.surface.State({Ctl::Line1}).x1, 7230);
     EXPECT_EQ(bench.surface.State({Ctl::cmdHelpTip}).caption, "Help Tip");
     EXPECT_EQ(bench.m.BarsBought(1), 45);
-    EXPECT_EQ(bench.folder.Files(), (std::vector<std::string>{"last.sol"}));
+    EXPECT_EQ(bench.folder.FileNames(), (std::vector<std::string>{"last.sol"}));
     EXPECT_NE(bench.Read("last.sol").find("Method Used    => A  "), std::string::npos);
 }
 
@@ -123,7 +123,7 @@ TEST(RunPass, StandardLengthsWithoutCuttingLengthsGiveAnEmptyReport) {
     bench.Type(BarOfTwelve, {});
     RunPass(bench.m, bench.platform);
     EXPECT_EQ(bench.Status(), " Done !.");
-    EXPECT_TRUE(bench.folder.Files() == std::vector<std::string>{"last.sol"});
+    EXPECT_TRUE(bench.folder.FileNames() == std::vector<std::string>{"last.sol"});
 }
 
 TEST(RunPass, EmptyFormStopsSilently) {
@@ -131,7 +131,7 @@ TEST(RunPass, EmptyFormStopsSilently) {
     RunPass(bench.m, bench.platform);
     EXPECT_TRUE(bench.m.LengthError);
     EXPECT_EQ(bench.Status(), "");
-    EXPECT_TRUE(bench.folder.Files().empty());
+    EXPECT_TRUE(bench.folder.FileNames().empty());
 }
 
 TEST(RunPass, UnwritableReportKeepsThePreviousSolution) {
@@ -149,7 +149,7 @@ TEST(RunPass, UnwritableReportKeepsThePreviousSolution) {
         EXPECT_EQ(bench.Status(), " Cannot write the solution file !.");
         EXPECT_EQ(bench.surface.State({Ctl::txtLong}).fore, Red);
         EXPECT_EQ(bench.Read("last.sol"), before);
-        EXPECT_EQ(bench.folder.Files(), (std::vector<std::string>{"last.sol"}));
+        EXPECT_EQ(bench.folder.FileNames(), (std::vector<std::string>{"last.sol"}));
 
         RunPass(bench.m, bench.platform);  // the next pass works again
         EXPECT_FALSE(bench.m.FileError);
