@@ -1,6 +1,6 @@
 // Times whole presses of Find Solution with the Advanced option, in both Methods, on every
-// problem of the generated families. Built twice: against the engine, and against the plain
-// complete enumeration (brennik-bench-plain), so the two can be set side by side.
+// problem of the generated families: with the engine, and with the plain complete enumeration
+// in its place ("plain"), which gives up on a press after a minute.
 #include <benchmark/benchmark.h>
 #include <sys/resource.h>
 
@@ -11,6 +11,7 @@
 #include <string>
 
 #include "files/file_system.h"
+#include "plain_pattern_search.h"
 #include "problem_families.h"
 #include "report/clock.h"
 #include "run/find_press.h"
@@ -71,12 +72,28 @@ int main(int argc, char** argv) {
                 const std::string name =
                     family.name + "/" + std::to_string(k + 1) + "/" + (methodB ? "B" : "A");
                 const ProblemText* problem = &family.problems[k];
-                benchmark::RegisterBenchmark(name.c_str(), [problem, methodB,
-                                                            folder](benchmark::State& state) {
+                benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& state) {
                     for (auto _ : state) {
                         Press(*problem, methodB, folder.string());
                     }
                 })->Unit(benchmark::kMillisecond);
+                benchmark::RegisterBenchmark(
+                    (name + "/plain").c_str(),
+                    [=](benchmark::State& state) {
+                        brennik::testing::PlainSearchInUse walkEverything;
+                        for (auto _ : state) {
+                            brennik::testing::PlainDeadline() =
+                                std::chrono::steady_clock::now() + std::chrono::minutes(1);
+                            try {
+                                Press(*problem, methodB, folder.string());
+                            } catch (const brennik::testing::EnumerationTimeout&) {
+                                state.SkipWithError("the plain walk needs more than a minute");
+                                break;
+                            }
+                        }
+                    })
+                    ->Unit(benchmark::kMillisecond)
+                    ->Iterations(1);
             }
         }
     }

@@ -25,17 +25,17 @@ std::string Hundredths(int64_t value) {
 
 class Generator {
 public:
-    explicit Generator(uint32_t seed) : random_(seed) {}
+    Generator(uint32_t seed, Shape shape) : random_(seed), shape_(shape) {}
 
     int64_t Between(int64_t low, int64_t high) {
         return std::uniform_int_distribution<int64_t>(low, high)(random_);
     }
 
-    // Six different bar lengths in hundredths from `bar`, and prices near a rate per length.
+    // Different bar lengths in hundredths from `bar`, and prices near a rate per length.
     std::vector<std::pair<std::string, std::string>> Stock(const std::function<int64_t()>& bar,
                                                            bool priced) {
         std::set<int64_t> lengths;
-        while (lengths.size() < 6) {
+        while (lengths.size() < static_cast<std::size_t>(shape_.stdLengths)) {
             lengths.insert(bar());
         }
         const int64_t rate = Between(200, 900);  // hundredths of money per 100 length units
@@ -47,19 +47,20 @@ public:
         return stock;
     }
 
-    // Forty different cutting lengths from `piece`, none longer than `longest`.
+    // Different cutting lengths from `piece`, none longer than `longest`.
     std::vector<std::pair<std::string, std::string>> Cuts(const std::function<int64_t()>& piece,
                                                           int64_t longest, int64_t maxQuantity) {
         std::set<int64_t> lengths;
-        while (lengths.size() < 40) {
+        while (lengths.size() < static_cast<std::size_t>(shape_.cutLengths)) {
             const int64_t length = piece();
             if (length > 0 && length <= longest) {
                 lengths.insert(length);
             }
         }
         std::vector<std::pair<std::string, std::string>> cuts;
+        const int64_t most = shape_.maxQuantity > 0 ? shape_.maxQuantity : maxQuantity;
         for (int64_t length : lengths) {
-            cuts.emplace_back(Hundredths(length), std::to_string(Between(1, maxQuantity)));
+            cuts.emplace_back(Hundredths(length), std::to_string(Between(1, most)));
         }
         std::shuffle(cuts.begin(), cuts.end(), random_);
         return cuts;
@@ -80,6 +81,7 @@ public:
 
 private:
     std::mt19937 random_;
+    Shape shape_;
 };
 
 std::vector<ProblemText> WorkedExamples() {
@@ -144,8 +146,8 @@ std::vector<ProblemText> WorkedExamples() {
 
 }  // namespace
 
-std::vector<Family> MakeFamilies(int perFamily, uint32_t seed) {
-    Generator g(seed);
+std::vector<Family> MakeFamilies(int perFamily, uint32_t seed, Shape shape) {
+    Generator g(seed, shape);
     auto family = [&](std::string name, bool realistic, auto bar, auto piece, int64_t quantity) {
         Family f{std::move(name), realistic, {}};
         for (int k = 0; k < perFamily; ++k) {
@@ -154,7 +156,9 @@ std::vector<Family> MakeFamilies(int perFamily, uint32_t seed) {
         return f;
     };
     std::vector<Family> families;
-    families.push_back({"worked examples", true, WorkedExamples()});
+    if (shape.stdLengths == 6 && shape.cutLengths == 40) {
+        families.push_back({"worked examples", true, WorkedExamples()});
+    }
     families.push_back(family(
         "metric", true, [&] { return g.Between(30, 75) * 10; }, [&] { return g.Between(30, 350); },
         150));

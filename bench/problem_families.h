@@ -20,7 +20,16 @@ struct Family {
     std::vector<ProblemText> problems;
 };
 
-// Every family, `perFamily` problems each (the worked examples are fixed), from one seed.
-std::vector<Family> MakeFamilies(int perFamily, uint32_t seed);
+// How many rows a generated problem fills: the benchmark's are full; the tests take smaller
+// ones, which the plain complete enumeration can still walk.
+struct Shape {
+    int stdLengths = 6;
+    int cutLengths = 40;
+    int maxQuantity = 0;  // 0: each family's own
+};
+
+// Every family, `perFamily` problems each, from one seed. The worked examples, which are fixed,
+// come first when the shape is full.
+std::vector<Family> MakeFamilies(int perFamily, uint32_t seed, Shape shape = {});
 
 }  // namespace brennik::bench

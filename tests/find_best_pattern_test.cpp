@@ -199,6 +199,11 @@ TEST(FindBestPattern, AgreesWithTheCompleteEnumerationOnRandomProblems) {
                 const testing::OraclePattern expected = testing::OracleFindBestPattern(
                     bars[r - 1], price, lengths, quantities, methodA);
                 ASSERT_EQ(PiecesOf(m, r), expected.pieces) << "problem " << problem;
+                ASSERT_EQ(testing::OracleFindBestPattern(bars[r - 1], price, lengths, quantities,
+                                                         methodA, true)
+                              .pieces,
+                          expected.pieces)
+                    << "the plain walk's two cuts change nothing";
                 ASSERT_EQ(m.PatternBars(r), expected.bars) << "problem " << problem;
                 ASSERT_EQ(m.RankMat(r, 1), expected.rankMat) << "problem " << problem;
                 if (methodA) {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <vector>
@@ -24,9 +25,15 @@ inline float OracleScale(float x) {
     return static_cast<float>(std::round(x * 100.0));
 }
 
-inline OraclePattern OracleFindBestPattern(float stdLength, float price,
-                                           const std::vector<float>& cutLengths,
-                                           const std::vector<int32_t>& cutQtys, bool methodA) {
+// Thrown when a walk has run past its deadline: some problems take the plain walk hours.
+struct EnumerationTimeout {};
+
+// namedCuts: also skip, as the plain walk may, every combination below a prefix that already
+// overfills the bar, and stop at the first pattern without waste; the result stays the same.
+inline OraclePattern OracleFindBestPattern(
+    float stdLength, float price, const std::vector<float>& cutLengths,
+    const std::vector<int32_t>& cutQtys, bool methodA, bool namedCuts = false,
+    std::chrono::steady_clock::time_point deadline = std::chrono::steady_clock::time_point::max()) {
     const std::size_t n = cutLengths.size();
     const float bar = OracleScale(stdLength);
     const float scaledPrice = OracleScale(price);
@@ -53,10 +60,18 @@ inline OraclePattern OracleFindBestPattern(float stdLength, float price,
         counts[i] = maxPieces[i];
         empty = empty || maxPieces[i] < minPieces[i];
     }
+    uint64_t candidates = 0;
     while (!empty) {
+        if ((++candidates & 0xFFFFF) == 0 && std::chrono::steady_clock::now() > deadline) {
+            throw EnumerationTimeout{};
+        }
         double waste = bar;
+        std::size_t overfilled = n;
         for (std::size_t i = 0; i < n; ++i) {
             waste -= static_cast<double>(static_cast<float>(counts[i])) * lengths[i];
+            if (namedCuts && waste < 0 && overfilled == n) {
+                overfilled = i;
+            }
         }
         const auto rounded = static_cast<float>(waste);
         if (!(rounded < 0) && rounded < bestWaste) {
@@ -64,6 +79,12 @@ inline OraclePattern OracleFindBestPattern(float stdLength, float price,
             for (std::size_t i = 0; i < n; ++i) {
                 result.pieces[i] = static_cast<int32_t>(counts[i]);
             }
+            if (namedCuts && bestWaste == 0) {
+                break;
+            }
+        }
+        for (std::size_t e = overfilled + 1; e < n; ++e) {
+            counts[e] = minPieces[e];  // the rest of this prefix overfills the bar too
         }
         std::size_t d = n;
         while (d > 0 && counts[d - 1] == minPieces[d - 1]) {

@@ -42,9 +42,9 @@ void ChooseNextPattern(Module1& m) {
             m.PatternPieces(r, i) = 0;
         }
     }
+    const PatternSearch search = CurrentPatternSearch();
     for (int r = 1; r <= MaxStdLengths; ++r) {
-        FindBestPattern(m, m.SeqLength(r), m.SeqPrice(r), m.CutLength, m.CutQty,
-                        static_cast<uint8_t>(r));
+        search(m, m.SeqLength(r), m.SeqPrice(r), m.CutLength, m.CutQty, static_cast<uint8_t>(r));
     }
 
     SortRanking(m, m.RankMat);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cmath>
 #include <numeric>
 
@@ -130,6 +131,18 @@ PatternMemo& ThreadMemo() {
 
 void ForgetPatterns() {
     ThreadMemo().Clear();
+}
+
+namespace {
+std::atomic<PatternSearch> activeSearch{&FindBestPattern};
+}
+
+void UsePatternSearch(PatternSearch search) {
+    activeSearch = search != nullptr ? search : &FindBestPattern;
+}
+
+PatternSearch CurrentPatternSearch() {
+    return activeSearch.load(std::memory_order_relaxed);
 }
 
 void FindBestPattern(Module1& m, float stdLength, float price, const CutRows<float>& cutLengths,

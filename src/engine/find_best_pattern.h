@@ -25,4 +25,13 @@ void FindBestPattern(Module1& m, float stdLength, float price, const CutRows<flo
 // Empties this thread's memory of searched patterns, as a new problem makes it useless.
 void ForgetPatterns();
 
+// The pattern search that ChooseNextPattern runs: FindBestPattern. The benchmark and the tests
+// put the plain complete enumeration in its place to set the two side by side; nullptr puts
+// FindBestPattern back. The program itself never changes it.
+using PatternSearch = void (*)(Module1& m, float stdLength, float price,
+                               const CutRows<float>& cutLengths, const CutRows<int32_t>& cutQtys,
+                               uint8_t row);
+void UsePatternSearch(PatternSearch search);
+PatternSearch CurrentPatternSearch();
+
 }  // namespace brennik
