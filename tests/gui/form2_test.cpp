@@ -2,10 +2,14 @@
 // pressing Tab; checked on what the widgets then show.
 #include <QApplication>
 #include <QFile>
+#include <QFileInfo>
+#include <QPlainTextEdit>
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include "shell/qt/app_folder.h"
 #include "shell/qt/form2.h"
+#include "shell/qt/form3.h"
 #include "shell/qt/qt_surface.h"
 
 namespace brennik {
@@ -185,6 +189,46 @@ private slots:
         QVERIFY(!form_->isVisible());
         QCOMPARE(FileText("last.pro"),
                  QString("12,12\r\n , \r\n7.5,20\r\n4.5,21\r\n5.1,24\r\n6.5,25\r\n"));
+    }
+
+    void closingByTheFrameWritesNoLastPro() {
+        TypeBarOfTwelve();
+        form_->close();
+        QVERIFY(!QFile::exists(folder_->filePath("last.pro")));
+    }
+
+    void helpTipOpensBesideTheFormWithoutBlockingIt() {
+        QTest::mouseClick(C().cmdHelpTip, Qt::LeftButton);
+        QWidget* tip = nullptr;
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (window->windowTitle() == "Form3" && window->isVisible()) {
+                tip = window;
+            }
+        }
+        QVERIFY(tip != nullptr);
+        QVERIFY(!tip->isModal());
+        const auto* hints = tip->findChild<QPlainTextEdit*>();
+        QVERIFY(hints != nullptr);
+        QCOMPARE(hints->toPlainText(), QString::fromLatin1(Form3::HintText()).remove('\r'));
+        TypeBarOfTwelve();  // the main form goes on working beside it
+        QTest::mouseClick(C().cmdFind, Qt::LeftButton);
+        QCOMPARE(C().txtLong->text(), QString(" Done !."));
+        tip->close();
+    }
+
+    void dialogFiltersTakeQtsForm() {
+        QCOMPARE(QtSurface::QtFilter(" Brennik  problem  files  (*.pro)|*.pro| Microsoft  Excel "
+                                     "comma delimited files  (*.csv)|*.csv| All  files  (*.*)|*.*"),
+                 QString("Brennik  problem  files  (*.pro);;Microsoft  Excel comma delimited "
+                         "files  (*.csv);;All  files  (*)"));
+    }
+
+    void programFolderIsUsedOnlyWhereItIsWritableAndNotInstalled() {
+        QTemporaryDir portable;
+        QCOMPARE(ChooseAppFolder(portable.path(), "/usr/local/bin"),
+                 QFileInfo(portable.path()).canonicalFilePath());
+        QVERIFY(ChooseAppFolder(portable.path(), portable.path()) !=
+                QFileInfo(portable.path()).canonicalFilePath());
     }
 
     void entryBoxesTakeSevenTypedCharacters() {
