@@ -3,6 +3,7 @@
 // in its place ("plain"), which gives up on a press after a minute.
 #include <benchmark/benchmark.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <cstdio>
@@ -62,7 +63,8 @@ void Press(const ProblemText& problem, bool methodB, const std::string& folder) 
 int main(int argc, char** argv) {
     using namespace brennik::bench;
     namespace fs = std::filesystem;
-    const fs::path folder = fs::temp_directory_path() / "brennik-bench";
+    const fs::path folder =
+        fs::temp_directory_path() / ("brennik-bench-" + std::to_string(getpid()));
     fs::create_directories(folder);
 
     static const std::vector<Family> families = MakeFamilies(3, 20261122);
@@ -72,11 +74,14 @@ int main(int argc, char** argv) {
                 const std::string name =
                     family.name + "/" + std::to_string(k + 1) + "/" + (methodB ? "B" : "A");
                 const ProblemText* problem = &family.problems[k];
-                benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& state) {
-                    for (auto _ : state) {
-                        Press(*problem, methodB, folder.string());
-                    }
-                })->Unit(benchmark::kMillisecond);
+                benchmark::RegisterBenchmark(name.c_str(),
+                                             [=](benchmark::State& state) {
+                                                 for (auto _ : state) {
+                                                     Press(*problem, methodB, folder.string());
+                                                 }
+                                             })
+                    ->Unit(benchmark::kMillisecond)
+                    ->UseRealTime();
                 benchmark::RegisterBenchmark(
                     (name + "/plain").c_str(),
                     [=](benchmark::State& state) {
@@ -93,6 +98,7 @@ int main(int argc, char** argv) {
                         }
                     })
                     ->Unit(benchmark::kMillisecond)
+                    ->UseRealTime()
                     ->Iterations(1);
             }
         }

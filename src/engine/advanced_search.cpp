@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "engine/cutting_pass.h"
+#include "engine/pass_outcome.h"
 #include "state/intake.h"
 #include "state/number_texts.h"
 #include "state/ordering.h"
@@ -76,12 +77,12 @@ int Factorial(int n) {
 }
 
 // Steps the six counters to the next combination in which no two are equal; rows past
-// StdCount stay fixed at their own numbers. False when the outermost counter has run out.
-bool NextSequence(Module1& m) {
+// stdCount stay fixed at their own numbers. False when the outermost counter has run out.
+bool NextSequence(StdRows<uint8_t>& seqPos, int stdCount) {
     auto distinct = [&] {
         for (int a = 1; a <= MaxStdLengths; ++a) {
             for (int b = a + 1; b <= MaxStdLengths; ++b) {
-                if (m.SeqPos(a) == m.SeqPos(b)) {
+                if (seqPos(a) == seqPos(b)) {
                     return false;
                 }
             }
@@ -89,30 +90,61 @@ bool NextSequence(Module1& m) {
         return true;
     };
     do {
-        int k = m.StdCount;
-        while (k >= 1 && m.SeqPos(k) == MaxStdLengths) {
-            m.SeqPos(k) = 1;
+        int k = stdCount;
+        while (k >= 1 && seqPos(k) == MaxStdLengths) {
+            seqPos(k) = 1;
             --k;
         }
         if (k < 1) {
             return false;
         }
-        ++m.SeqPos(k);
+        ++seqPos(k);
     } while (!distinct());
     return true;
 }
 
+// The counters of every attempt, from the identity on.
+std::vector<StdRows<uint8_t>> AttemptCounters(int stdCount) {
+    StdRows<uint8_t> seqPos;
+    for (int k = 1; k <= MaxStdLengths; ++k) {
+        seqPos(k) = static_cast<uint8_t>(k);
+    }
+    std::vector<StdRows<uint8_t>> attempts{seqPos};
+    while (NextSequence(seqPos, stdCount)) {
+        attempts.push_back(seqPos);
+    }
+    return attempts;
+}
+
+// The arrangement that each attempt works on, each built on the one before it, as the rows of
+// the starting order.
+std::vector<Arrangement> AttemptArrangements(const std::vector<StdRows<uint8_t>>& counters) {
+    Arrangement present;
+    for (int k = 0; k < MaxStdLengths; ++k) {
+        present[k] = static_cast<uint8_t>(k + 1);
+    }
+    std::vector<Arrangement> arrangements;
+    for (const StdRows<uint8_t>& seqPos : counters) {
+        Arrangement next;
+        for (int k = 1; k <= MaxStdLengths; ++k) {
+            next[k - 1] = present[seqPos(k) - 1];
+        }
+        present = next;
+        arrangements.push_back(present);
+    }
+    return arrangements;
+}
+
 }  // namespace
 
-void RunCuttingPass(Module1& m, Surface& surface) {
+void RunCuttingPass(Module1& m, Surface& surface, const PassOutcome& loop) {
     m.CutLength = m.MasterCutLength;
     m.CutQty = m.MasterCutQty;
     ClassifyProblem(m, surface);
     ShowStdEntries(m, surface);
     ResetPassTotals(m);
     m.PiecesLeft = m.TotalPieces;
-    while (m.PiecesLeft > 0 && CutNextStep(m)) {
-    }
+    loop.RestoreInto(m);
 }
 
 void SaveBestSequence(Module1& m) {
@@ -128,18 +160,22 @@ void AdvancedSearch(Module1& m, Surface& surface,
     m.BetterFound = kFalse;
     surface.SetCaption({Ctl::cmdHelpTip}, "");
 
-    for (int k = 1; k <= MaxStdLengths; ++k) {
-        m.SeqPos(k) = static_cast<uint8_t>(k);  // the identity comes first
-    }
+    // Every attempt's arrangement is known before the first one runs, and each pass depends on
+    // its arrangement alone: the passes are worked out ahead, side by side, and the attempts
+    // then take them in their order, comparing one after the other as before.
+    const std::vector<StdRows<uint8_t>> counters = AttemptCounters(m.StdCount);
+    const std::vector<Arrangement> arrangements = AttemptArrangements(counters);
+    const std::map<Arrangement, PassOutcome> outcomes = OutcomesOf(m, arrangements);
     const int total = Factorial(m.StdCount);
     const std::vector<Control> boxes = SearchBoxes(m);
     PaintBoxes(boxes, surface, Yellow);
 
-    do {
+    for (std::size_t attempt = 0; attempt < counters.size(); ++attempt) {
+        m.SeqPos = counters[attempt];
         ++m.SeqStep;
         ShowSearchProgress(m, surface, total);
         Rearrange(m);
-        RunCuttingPass(m, surface);
+        RunCuttingPass(m, surface, outcomes.at(arrangements[attempt]));
         if (ImprovesOnBest(m)) {
             m.BetterFound = kTrue;
             SaveBestSequence(m);
@@ -158,7 +194,7 @@ void AdvancedSearch(Module1& m, Surface& surface,
         if (savedCount > 0) {
             PaintBoxes(boxes, surface, Green);
         }
-    } while (NextSequence(m));
+    }
 
     PaintBoxes(boxes, surface, White);
     m.SeqStep = 0;

@@ -18,13 +18,13 @@ public:
     struct Key {
         int32_t bar = 0;
         int32_t size = 0;
-        std::array<int32_t, 2 * MaxCutLengths> items{};
+        std::array<int32_t, 2 * MaxCutLengths> items;  // the first 2 x size are the key
         bool operator==(const Key& other) const;
     };
     // The answer: the least waste and the count of each length of the key, in its order.
     struct Answer {
         int64_t waste = 0;
-        std::array<int32_t, MaxCutLengths> counts{};
+        std::array<int32_t, MaxCutLengths> counts;
     };
 
     const Answer* Find(const Key& key) const;
