@@ -44,6 +44,10 @@ Form3::Form3(QWidget* beside) : QDialog(nullptr) {
     // The text keeps its own line ends; the box shows it line for line.
     hints->setPlainText(QString::fromLatin1(HintText()).remove('\r'));
     hints->setLineWrapMode(QPlainTextEdit::NoWrap);
+    QFont font;
+    font.setFamilies({"Arial", "Liberation Sans", "DejaVu Sans"});
+    font.setPointSizeF(8.25);
+    hints->setFont(font);
     QPalette textPalette = hints->palette();
     textPalette.setColor(QPalette::Base, Qt::white);
     textPalette.setColor(QPalette::Text, Qt::black);
