@@ -6,7 +6,7 @@ set -euo pipefail
 packages=(build-essential cmake ninja-build qt6-base-dev qt6-qpa-plugins fonts-dejavu-core
     fonts-liberation2)
 if [ "${1:-build}" = test ]; then
-    packages+=(googletest libgtest-dev libgmock-dev)
+    packages+=(googletest libgtest-dev libgmock-dev clang-14 libclang-rt-14-dev)
 fi
 
 missing=()

@@ -144,7 +144,7 @@ TEST(FindBestPattern, HugeCountsInALongBarAreExact) {
 
 // Random problems with two-decimal lengths, checked call by call against the complete
 // enumeration: the whole state a pass goes through, not only its first step.
-TEST(FindBestPattern, AgreesWithTheCompleteEnumerationOnRandomProblems) {
+void CheckAgainstTheCompleteEnumeration() {
     std::mt19937 random(20261122);
     auto uniform = [&](int low, int high) {
         return std::uniform_int_distribution<int>(low, high)(random);
@@ -216,6 +216,19 @@ TEST(FindBestPattern, AgreesWithTheCompleteEnumerationOnRandomProblems) {
         }
     }
     EXPECT_GT(callsChecked, 20000);
+}
+
+TEST(FindBestPattern, AgreesWithTheCompleteEnumerationOnRandomProblems) {
+    ForgetPatterns();
+    CheckAgainstTheCompleteEnumeration();
+}
+
+TEST(FindBestPattern, TableOfReachableSumsAgreesWithTheCompleteEnumeration) {
+    SetWalkBudget(0);  // every search answered by the table
+    ForgetPatterns();
+    CheckAgainstTheCompleteEnumeration();
+    SetWalkBudget(-1);
+    ForgetPatterns();
 }
 
 }  // namespace

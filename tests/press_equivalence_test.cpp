@@ -3,6 +3,7 @@
 // included, so every last.sol, status and panel figure must come out the same.
 #include <gtest/gtest.h>
 
+#include "engine/find_best_pattern.h"
 #include "plain_pattern_search.h"
 #include "press_fixture.h"
 #include "problem_families.h"
@@ -37,7 +38,7 @@ Outcome PressOnce(const bench::ProblemText& problem, bool methodB, bool wasteSum
     return outcome;
 }
 
-TEST(PressEquivalence, EngineAndPlainWalkGiveTheSameReportsOnEveryFamily) {
+void CheckEveryFamily() {
     int presses = 0;
     for (const bench::Family& family : bench::MakeFamilies(30, 7, {4, 7, 4})) {
         for (std::size_t k = 0; k < family.problems.size(); ++k) {
@@ -59,6 +60,16 @@ TEST(PressEquivalence, EngineAndPlainWalkGiveTheSameReportsOnEveryFamily) {
         }
     }
     EXPECT_EQ(presses, 2 * 30 * 7);
+}
+
+TEST(PressEquivalence, EngineAndPlainWalkGiveTheSameReportsOnEveryFamily) {
+    CheckEveryFamily();
+}
+
+TEST(PressEquivalence, TableOfReachableSumsGivesTheSameReportsToo) {
+    SetWalkBudget(0);
+    CheckEveryFamily();
+    SetWalkBudget(-1);
 }
 
 }  // namespace

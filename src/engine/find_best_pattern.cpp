@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <bit>
 #include <cmath>
 #include <numeric>
+#include <vector>
 
 #include "engine/pattern_memo.h"
 
@@ -25,12 +27,79 @@ float Scale100(float x) {
 
 namespace {
 
+// Bars up to this many hundredths (every admissible bar) may be solved by the table of
+// reachable sums, whose memory grows with the bar: a bit per hundredth for each length.
+constexpr int64_t ReachLimit = int64_t{1} << 24;
+// A table larger than this gives its memory back after the search, so that a thread keeps
+// no more than this between searches.
+constexpr std::size_t KeptTableWords = std::size_t{1} << 21;
+// Nodes after which a walk on such a bar gives way to the table: lengths that never fill a bar
+// exactly can make the walk's tree grow beyond any wait.
+constexpr int64_t DefaultNodeBudget = 200000;
+std::atomic<int64_t> nodeBudget{DefaultNodeBudget};
+
+// The sums of pieces that lengths d, d+1, ... can make, as bits 0 to bar, one row for each d.
+class ReachTable {
+public:
+    void Reset(int rows, int64_t bar) {
+        words_ = static_cast<std::size_t>(bar / 64 + 1);
+        bits_.assign(static_cast<std::size_t>(rows) * words_, 0);
+    }
+    uint64_t* Row(int d) { return bits_.data() + static_cast<std::size_t>(d) * words_; }
+    void Release(std::size_t keptWords) {
+        if (bits_.capacity() > keptWords) {
+            std::vector<uint64_t>().swap(bits_);
+        }
+    }
+
+    // Row d: the sums of row d + 1, each with up to `most` pieces of `length` added; the counts
+    // are added in doubling chunks, which together make every count from 0 to `most`.
+    void AddLength(int d, int64_t length, int64_t most) {
+        uint64_t* row = Row(d);
+        std::copy(Row(d + 1), Row(d + 1) + words_, row);
+        for (int64_t chunk = 1; most > 0; chunk *= 2) {
+            const int64_t take = std::min(chunk, most);
+            ShiftIn(row, take * length);
+            most -= take;
+        }
+    }
+    bool Has(int d, int64_t sum) { return sum >= 0 && ((Row(d)[sum / 64] >> (sum % 64)) & 1) != 0; }
+    // The largest sum of row d not above `limit`; there is always 0.
+    int64_t HighestUpTo(int d, int64_t limit) {
+        const uint64_t* row = Row(d);
+        int64_t word = limit / 64;
+        uint64_t bits = row[word] & (~uint64_t{0} >> (63 - limit % 64));
+        while (bits == 0) {
+            bits = row[--word];
+        }
+        return word * 64 + 63 - std::countl_zero(bits);
+    }
+
+private:
+    // row |= row << shift; from the top down, so every word reads words not yet changed.
+    void ShiftIn(uint64_t* row, int64_t shift) {
+        const auto whole = static_cast<std::size_t>(shift / 64);
+        const auto part = static_cast<unsigned>(shift % 64);
+        for (std::size_t w = words_; w-- > whole;) {
+            uint64_t moved = row[w - whole] << part;
+            if (part != 0 && w > whole) {
+                moved |= row[w - whole - 1] >> (64 - part);
+            }
+            row[w] |= moved;
+        }
+    }
+
+    std::size_t words_ = 0;
+    std::vector<uint64_t> bits_;
+};
+
 // One branch-and-bound walk over the lengths still wanted. Counts are visited from high to low
 // with the first length outermost, and a candidate replaces the best only when it wastes
 // strictly less, so the result is that of the complete enumeration. Branches are cut where
 // they cannot reach a strictly smaller waste: a remainder below 0, a remainder that the
 // deeper lengths cannot fill below the best, or one whose residue modulo the deeper lengths'
 // common divisor is already no better. The walk stops at the least waste the lengths allow.
+// Where the walk grows too large, the same pattern is read off a table of reachable sums.
 class PatternWalk {
 public:
     void Add(int cutRow, int64_t length, int64_t maxCount) {
@@ -51,7 +120,12 @@ public:
         bestWaste_ = bar;
         floor_ = divisor_[0] > 0 ? bar % divisor_[0] : bar;
         done_ = false;
+        nodes_ = 0;
+        budget_ = bar <= ReachLimit ? nodeBudget.load(std::memory_order_relaxed) : -1;
         Visit(0, bar);
+        if (budget_ >= 0 && nodes_ > budget_) {
+            SolveByReach(bar);
+        }
         return bestWaste_;
     }
 
@@ -91,7 +165,42 @@ private:
         return std::max(unfilled, residue);
     }
 
+    // The least waste is that of the largest sum of pieces not above the bar, with at least one
+    // piece of the first length; of the count vectors that make it, the walk's order meets
+    // the one with the most pieces of the first length first, then of the second, and so on.
+    void SolveByReach(int64_t bar) {
+        thread_local ReachTable reach;
+        reach.Reset(count_ + 1, bar);
+        reach.Row(count_)[0] = 1;
+        for (int d = count_ - 1; d >= 1; --d) {
+            reach.AddLength(d, length_[d], max_[d]);
+        }
+        int64_t bestSum = -1;
+        for (int64_t c = std::min(max_[0], bar / length_[0]); c >= 1 && bestSum < bar; --c) {
+            const int64_t sum = c * length_[0] + reach.HighestUpTo(1, bar - c * length_[0]);
+            if (sum > bestSum) {
+                bestSum = sum;
+                best_[0] = c;
+            }
+        }
+        int64_t rest = bestSum - best_[0] * length_[0];
+        for (int d = 1; d < count_; ++d) {
+            int64_t c = std::min(max_[d], rest / length_[d]);
+            while (!reach.Has(d + 1, rest - c * length_[d])) {
+                --c;
+            }
+            best_[d] = c;
+            rest -= c * length_[d];
+        }
+        bestWaste_ = bar - bestSum;
+        reach.Release(KeptTableWords);
+    }
+
     void Visit(int depth, int64_t rest) {
+        if (budget_ >= 0 && nodes_++ >= budget_) {
+            done_ = true;  // the walk gives way to the table
+            return;
+        }
         if (depth == count_) {
             if (rest < bestWaste_) {
                 bestWaste_ = rest;
@@ -128,6 +237,8 @@ private:
     int64_t bestWaste_ = 0;
     int64_t floor_ = 0;
     bool done_ = false;
+    int64_t nodes_ = 0;
+    int64_t budget_ = -1;  // no budget: the bar is too long for the table
 };
 
 // One memory per thread, so that searches running side by side never share one.
@@ -148,6 +259,10 @@ std::atomic<PatternSearch> activeSearch{&FindBestPattern};
 
 void UsePatternSearch(PatternSearch search) {
     activeSearch = search != nullptr ? search : &FindBestPattern;
+}
+
+void SetWalkBudget(int64_t nodes) {
+    nodeBudget = nodes >= 0 ? nodes : DefaultNodeBudget;
 }
 
 PatternSearch CurrentPatternSearch() {

@@ -42,13 +42,27 @@ std::string SettingsLine(const Module1& m) {
            (m.ShowReference ? TrueText : FalseText) + "," + std::to_string(m.PageWidth);
 }
 
+constexpr const char* WriteFailure = " Cannot write the settings file !.";
+
+// Written aside and then put in place in one step, so that a failing disk never leaves the
+// settings half written.
 bool WriteSettings(const Module1& m, FileSystem& files) {
-    return files.WriteFile(SettingsFile, JoinLines({SettingsLine(m)}));
+    const std::string aside = std::string(SettingsFile) + ".new";
+    if (files.WriteFile(aside, JoinLines({SettingsLine(m)})) &&
+        files.ReplaceFile(aside, SettingsFile)) {
+        return true;
+    }
+    files.RemoveFile(aside);
+    return false;
 }
 
-void TellWriteFailure(Surface& surface) {
-    SetStatus(surface, White, Red, " Cannot write the settings file !.");
-    surface.Refresh({Ctl::txtLong});
+void TellWriteOutcome(Surface& surface, bool written) {
+    if (!written) {
+        SetStatus(surface, White, Red, WriteFailure);
+        surface.Refresh({Ctl::txtLong});
+    } else {
+        ClearStatusOf(surface, WriteFailure);
+    }
 }
 
 }  // namespace
@@ -67,9 +81,7 @@ void LoadSettings(Module1& m, Surface& surface, FileSystem& files) {
         m.ShowWasteSummary = kFalse;
         m.ShowReference = kFalse;
         m.PageWidth = DefaultPageWidth;
-        if (!WriteSettings(m, files)) {
-            TellWriteFailure(surface);
-        }
+        TellWriteOutcome(surface, WriteSettings(m, files));
         return;
     }
     // A file that cannot be read, or holds something else, leaves false where no flag was
@@ -108,9 +120,7 @@ void ApplySettings(Module1& m, Surface& surface, FileSystem& files) {
     m.ShowWasteSummary = ToFlag(surface.Value({Ctl::Check2}));
     m.ShowReference = ToFlag(surface.Value({Ctl::Check3}));
     m.PageWidth = PageWidthFrom(surface.Text({Ctl::Text7}));
-    if (!WriteSettings(m, files)) {
-        TellWriteFailure(surface);
-    }
+    TellWriteOutcome(surface, WriteSettings(m, files));
     surface.SetVisible({Ctl::Frame1}, false);
 }
 

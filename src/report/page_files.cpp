@@ -26,12 +26,14 @@ void ViewSolution(const Module1& m, Surface& surface, FileSystem& files) {
         files.RemoveFile(PageName(page));
     }
 
+    constexpr const char* NoSolution = " There is no solution to view yet !.";
     std::string report;
     if (!files.ReadFile("last.sol", report)) {
-        SetStatus(surface, White, Red, " There is no solution to view yet !.");
+        SetStatus(surface, White, Red, NoSolution);
         surface.Refresh({Ctl::txtLong});
         return;
     }
+    ClearStatusOf(surface, NoSolution);
     const std::vector<std::string> lines = SplitLines(report);
     const std::size_t firstWidth = lines.empty() ? 0 : lines.front().size();
     const int pages =

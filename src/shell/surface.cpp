@@ -27,4 +27,11 @@ void SetStatus(Surface& surface, Rgb back, Rgb fore, std::string_view text) {
     surface.SetText(status, text);
 }
 
+void ClearStatusOf(Surface& surface, std::string_view message) {
+    if (surface.Text({Ctl::txtLong}) == message) {
+        SetStatus(surface, White, Black, "");
+        surface.Refresh({Ctl::txtLong});
+    }
+}
+
 }  // namespace brennik

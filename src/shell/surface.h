@@ -110,4 +110,8 @@ public:
 // repaint.
 void SetStatus(Surface& surface, Rgb back, Rgb fore, std::string_view text);
 
+// Takes a failure's message off the status line once the thing that failed has worked: the
+// line is emptied, in black on white, if it still shows `message`.
+void ClearStatusOf(Surface& surface, std::string_view message);
+
 }  // namespace brennik

@@ -1,0 +1,119 @@
+// Fuzzes the problem-file reader and the whole press behind it. The bytes are a problem file,
+// loaded as the headless runner loads one; then Find Solution is pressed in Method B, and again
+// in Method A with Advanced, the waste summary and a reference note. Whatever the file holds,
+// a press either refuses the entries or writes a well-formed last.sol, and leaves no work file
+// behind; and the second press, reading the boxes as the first wrote them back, refuses them
+// exactly when the first did.
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "files/file_system.h"
+#include "files/problem_files.h"
+#include "files/text_lines.h"
+#include "fuzz_check.h"
+#include "report/clock.h"
+#include "report/report_lines.h"
+#include "run/find_press.h"
+#include "shell/memory_surface.h"
+#include "state/module1.h"
+#include "temp_folder.h"
+
+namespace brennik {
+namespace {
+
+using fuzzing::Require;
+
+const char* const ProblemName = "problem.pro";
+
+// One folder for the whole run of the fuzzer. Every press starts by removing last.sol, so
+// whatever else the folder holds after it was left there by that press.
+const testing::TempFolder& Folder() {
+    static const testing::TempFolder folder;
+    return folder;
+}
+
+// The width of the finished report's first line for G items on the widest cutting line.
+std::size_t ReportWidth(const Module1& m) {
+    const std::size_t g = static_cast<std::size_t>(m.MaxItemsInLine);
+    if (!m.ShowWasteSummary) {
+        return 14 * g + 19;
+    }
+    return 14 * g + (ShowMoney(m) ? 66 : 46);
+}
+
+void CheckReport(const Module1& m, FileSystem& files) {
+    Require(m.PiecesLeft == 0, "a written solution has cut every piece");
+    std::string report;
+    Require(files.ReadFile("last.sol", report), "a press without refusal writes last.sol");
+    const std::vector<std::string> lines = SplitLines(report);
+    Require(lines.size() >= 6 + 4, "last.sol has a head and a foot");
+    // A problem without cutting lengths gets a report of head and foot alone, whose rule
+    // lines are wider than its title; the widths below hold for every report that cuts.
+    if (m.CutCount == 0) {
+        return;
+    }
+    Require(m.MaxItemsInLine >= 1, "a solution that cuts has a line with an item");
+    Require(lines.front().size() == ReportWidth(m), "the first line has the body's width");
+    // The reference note is never cut to the body's width; every other line fits in it.
+    for (const std::string& line : lines) {
+        Require(line.starts_with("Reference") || line.size() <= lines.front().size(),
+                "no line of the report is wider than its first");
+    }
+}
+
+void CheckFolder(const std::set<std::string>& allowed) {
+    for (const std::string& name : Folder().FileNames()) {
+        Require(allowed.contains(name), "a press leaves no work file behind");
+    }
+}
+
+// Presses Find Solution and checks what it left; true when it refused the entries.
+bool Press(Module1& m, MemorySurface& surface, Platform& platform, Ctl method, bool advanced) {
+    platform.files.RemoveFile("last.sol");
+    surface.SetValue({method}, true);
+    surface.SetValue({Ctl::Check1}, advanced);
+    cmdFind_Click(m, platform);
+
+    Require(!m.FileError, "every file of a press can be written in a folder of our own");
+    const bool refused = m.EntryError || m.LengthError;
+    if (refused) {
+        CheckFolder({ProblemName});
+    } else {
+        CheckReport(m, platform.files);
+        CheckFolder({ProblemName, "last.sol"});
+    }
+    return refused;
+}
+
+}  // namespace
+}  // namespace brennik
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
+    using namespace brennik;
+    const std::string folder = Folder().Path();
+    DiskFileSystem files(folder, folder);
+    files.WriteFile(ProblemName, std::string_view(reinterpret_cast<const char*>(data), size));
+
+    auto m = std::make_unique<Module1>();
+    MemorySurface surface;
+    surface.SetRecording(false);
+    surface.SetNextFileName(Folder().PathOf(ProblemName));
+    LoadProblem(*m, surface, files);
+
+    const FixedClock clock(testing::Moment(1999, 4, 6, 20, 16));
+    Platform platform{surface, files, clock};
+    const bool refusedFirst = Press(*m, surface, platform, Ctl::Option2, false);
+
+    m->ShowWasteSummary = kTrue;
+    m->ShowReference = kTrue;
+    surface.SetNextInput("fuzz");
+    const bool refusedSecond = Press(*m, surface, platform, Ctl::Option1, true);
+    Require(refusedFirst == refusedSecond, "the boxes written back read as they were typed");
+    return 0;
+}

@@ -1,0 +1,333 @@
+// Soak: seeded random problems of every family and shape, solved step by step in the engine and
+// pressed whole (both Methods, with and without Advanced and the waste summary), every result held
+// to what must hold for any problem. BRENNIK_SOAK_PROBLEMS and BRENNIK_SOAK_SEED set a hand run.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <iostream>
+#include <map>
+#include <random>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "press_fixture.h"
+#include "problem_families.h"
+#include "problem_fixture.h"
+#include "report_reader.h"
+#include "run/find_press.h"
+
+namespace brennik {
+namespace {
+
+using testing::Bench;
+using testing::ParsedReport;
+using testing::ParseReport;
+
+constexpr int kCiProblems = 1500;
+constexpr uint32_t kCiSeed = 20240611;
+// A long run stops after this many failing problems; each one is told with its input.
+constexpr int kMostFailingProblems = 5;
+
+int EnvironmentNumber(const char* name, int fallback) {
+    const char* text = std::getenv(name);
+    return text != nullptr && *text != '\0' ? std::atoi(text) : fallback;
+}
+
+struct Options {
+    bool methodB = false;
+    bool advanced = false;
+    bool wasteSummary = false;
+};
+
+struct SoakCase {
+    std::string family;
+    bench::ProblemText problem;
+    Options options;
+};
+
+std::string Describe(const SoakCase& soak) {
+    std::ostringstream text;
+    text << soak.family << (soak.options.methodB ? ", Method B" : ", Method A")
+         << (soak.options.advanced ? ", Advanced" : "")
+         << (soak.options.wasteSummary ? ", waste summary" : "") << "\n  standard:";
+    for (const auto& [length, price] : soak.problem.stock) {
+        text << " " << length << "/" << (price.empty() ? "-" : price);
+    }
+    text << "\n  cutting:";
+    for (const auto& [length, quantity] : soak.problem.cuts) {
+        text << " " << length << "x" << quantity;
+    }
+    return text.str();
+}
+
+// Lengths in hundredths, the grain of every entry once the intake has rounded it.
+int64_t Hundredths(double value) {
+    return std::llround(value * 100);
+}
+
+// Pieces asked for, per cutting length in hundredths.
+std::map<int64_t, int64_t> AskedPieces(const bench::ProblemText& problem) {
+    std::map<int64_t, int64_t> pieces;
+    for (const auto& [length, quantity] : problem.cuts) {
+        pieces[Hundredths(std::stod(length))] += std::stoll(quantity);
+    }
+    return pieces;
+}
+
+testing::Problem EngineProblem(const SoakCase& soak) {
+    testing::Problem problem;
+    for (const auto& [length, price] : soak.problem.stock) {
+        problem.stdLengths.push_back(std::stod(length));
+        problem.prices.push_back(price.empty() ? 0 : std::stod(price));
+    }
+    for (const auto& [length, quantity] : soak.problem.cuts) {
+        problem.cuts.push_back({std::stod(length), std::stoi(quantity)});
+    }
+    problem.methodA = !soak.options.methodB;
+    return problem;
+}
+
+// A whole pass step by step through the engine: no quantity below 0, PiecesLeft the sum of the
+// quantities and falling at every step, and at the end nothing left and exactly 100 percent.
+// Returns the number of steps.
+int CheckEnginePass(const SoakCase& soak) {
+    Module1 m;
+    MemorySurface surface;
+    surface.SetRecording(false);
+    testing::LoadProblem(m, EngineProblem(soak), surface);
+    const CutRows<int32_t> master = m.MasterCutQty;
+    int steps = 0;
+    while (m.PiecesLeft > 0) {
+        const int32_t before = m.PiecesLeft;
+        if (!CutNextStep(m)) {
+            ADD_FAILURE() << "no pattern with " << before << " pieces left";
+            return steps;
+        }
+        ++steps;
+        int64_t left = 0;
+        for (int i = 1; i <= m.CutCount; ++i) {
+            EXPECT_GE(m.CutQty(i), 0) << "row " << i << " at step " << steps;
+            left += m.CutQty(i);
+        }
+        EXPECT_GE(m.ChosenBars, 1) << "step " << steps;
+        EXPECT_EQ(m.PiecesLeft, left) << "step " << steps;
+        if (m.PiecesLeft >= before) {
+            ADD_FAILURE() << "PiecesLeft did not fall at step " << steps << ": " << before << " -> "
+                          << m.PiecesLeft;
+            return steps;
+        }
+    }
+    EXPECT_EQ(m.PiecesLeft, 0);
+    EXPECT_EQ(m.PercentCut, 100.0f);
+    EXPECT_TRUE(m.MasterCutQty == master) << "a step changed the master quantities";
+    return steps;
+}
+
+// Every figure of the report against the others, and its pieces against those asked for.
+// Returns the number of cutting lines read.
+int CheckReport(const std::string& contents, const SoakCase& soak, bool advanced) {
+    const ParsedReport report = ParseReport(contents);
+    for (const std::string& fault : report.faults) {
+        ADD_FAILURE() << fault;
+    }
+    EXPECT_EQ(report.wasteSummary, soak.options.wasteSummary);
+    const bool methodA = report.foot.methodLabel.find("=> A") != std::string::npos;
+    const std::string label = std::string(methodA ? "A" : "B") + (advanced ? "A " : "  ");
+    EXPECT_EQ(report.foot.methodLabel, "Method Used    => " + label);
+
+    std::map<int64_t, int64_t> cut;
+    int lines = 0;
+    int wasteBars = 0;
+    int wasteLines = 0;
+    double materialWaste = 0;
+    double moneyWaste = 0;
+    double cost = 0;
+    double costScale = 0;
+    double previousLength = INFINITY;
+    for (const testing::ReportGroup& group : report.groups) {
+        int bars = 0;
+        const double length = group.lines.empty() ? 0 : group.lines.front().stdLength;
+        EXPECT_LT(length, previousLength) << "groups not longest first";
+        previousLength = length;
+        for (const testing::CuttingLine& line : group.lines) {
+            EXPECT_EQ(line.stdLength, length) << "a line in the group of another length";
+            ++lines;
+            bars += line.bars;
+            int64_t used = 0;
+            for (const testing::ReportItem& item : line.items) {
+                cut[Hundredths(item.length)] += static_cast<int64_t>(line.bars) * item.pieces;
+                used += item.pieces * Hundredths(item.length);
+            }
+            const int64_t waste = Hundredths(line.stdLength) - used;
+            EXPECT_GE(waste, 0) << "the pieces of a line do not fit its bar";
+            if (line.waste) {
+                EXPECT_EQ(line.waste->bars, line.bars);
+                EXPECT_LE(std::abs(Hundredths(line.waste->perBar) - waste), 1)
+                    << "waste per bar " << line.waste->perBar << " on a bar of " << line.stdLength;
+                wasteBars += line.waste->bars;
+                materialWaste += line.waste->total;
+                moneyWaste += line.waste->moneyTotal.value_or(0);
+                ++wasteLines;
+            } else if (report.wasteSummary) {
+                EXPECT_EQ(waste, 0) << "a line with waste has no waste columns";
+            }
+        }
+        EXPECT_EQ(group.bars, bars) << "group summary of the bars of " << length;
+        cost += group.price.value_or(0) * group.bars;
+        costScale += std::abs(group.price.value_or(0)) * group.bars;
+    }
+    EXPECT_EQ(cut, AskedPieces(soak.problem)) << "pieces in the report differ from those asked";
+
+    if (report.wasteSummary) {
+        const double tolerance = 0.01 * wasteLines + 1e-6;
+        EXPECT_EQ(report.foot.wasteBars, wasteBars) << "the No. total";
+        EXPECT_NEAR(report.foot.materialWaste, materialWaste, tolerance) << "the material total";
+        if (report.money) {
+            EXPECT_NEAR(report.foot.moneyWaste.value_or(-1), moneyWaste, tolerance)
+                << "the money total";
+        }
+    }
+    if (report.money) {
+        // The prices count as entered; the total was formed from them as single floats.
+        const double tolerance =
+            0.01 * static_cast<double>(report.groups.size()) + 1e-7 * costScale;
+        EXPECT_NEAR(report.foot.totalCost.value_or(-1), cost, tolerance) << "the total cost";
+    }
+    return lines;
+}
+
+// What the Advanced search compares: the total cost when every length has a price, else the
+// material left over.
+double Objective(const Module1& m) {
+    if (m.MethodA) {
+        return m.TotalCostA;
+    }
+    return m.AllPriced ? m.TotalCostB : m.TotalMatWasteB;
+}
+
+void Press(Bench& bench, const SoakCase& soak, bool advanced) {
+    bench.surface.SetRecording(false);
+    bench.Type(soak.problem.stock, soak.problem.cuts);
+    bench.surface.SetValue({soak.options.methodB ? Ctl::Option2 : Ctl::Option1}, true);
+    bench.surface.SetValue({Ctl::Check1}, advanced);
+    bench.m.ShowWasteSummary = ToFlag(soak.options.wasteSummary);
+    cmdFind_Click(bench.m, bench.platform);
+}
+
+std::string WithLabel(std::string report, const std::string& from, const std::string& to) {
+    const std::size_t at = report.find(from);
+    if (at != std::string::npos) {
+        report.replace(at, from.size(), to);
+    }
+    return report;
+}
+
+struct Tally {
+    int presses = 0;
+    int64_t steps = 0;
+    int64_t lines = 0;
+    int searches = 0;
+    int improved = 0;
+};
+
+void CheckPresses(const SoakCase& soak, Tally& tally) {
+    Bench basic;
+    Press(basic, soak, false);
+    ++tally.presses;
+    ASSERT_EQ(basic.Status(), " Done !.");
+    const std::string basicReport = basic.Read("last.sol");
+    tally.lines += CheckReport(basicReport, soak, false);
+
+    Bench* repeated = &basic;
+    std::string lastReport = basicReport;
+    Bench advanced;
+    if (soak.options.advanced) {
+        Press(advanced, soak, true);
+        ++tally.presses;
+        const std::string advancedReport = advanced.Read("last.sol");
+        tally.lines += CheckReport(advancedReport, soak, true);
+        const std::string status = advanced.Status();
+        const double better = Objective(advanced.m);
+        const double plain = Objective(basic.m);
+        if (status == " Found a Better Solution !.") {
+            ++tally.searches;
+            ++tally.improved;
+            EXPECT_LT(better, plain) << "the search kept a solution no better than the basic one";
+        } else {
+            EXPECT_TRUE(status == " Sorry,  No Better Solution." ||
+                        status == " No Better Solution.")
+                << status;
+            tally.searches += status == " Sorry,  No Better Solution.";
+            EXPECT_EQ(better, plain);
+            const bool methodA = basic.m.MethodA != kFalse;
+            EXPECT_EQ(advancedReport, WithLabel(basicReport, methodA ? "=> A  " : "=> B  ",
+                                                methodA ? "=> AA " : "=> BA "))
+                << "without a better arrangement the basic solution stands";
+        }
+        repeated = &advanced;
+        lastReport = advancedReport;
+    }
+
+    // The form as the press left it, pressed again.
+    cmdFind_Click(repeated->m, repeated->platform);
+    ++tally.presses;
+    EXPECT_EQ(repeated->Read("last.sol"), lastReport) << "a second press changed the report";
+}
+
+// The failed checks of the running test so far; a passing check records nothing.
+int FailuresSoFar() {
+    return ::testing::UnitTest::GetInstance()->current_test_info()->result()->total_part_count();
+}
+
+// Shapes from one row up to full forms, and quantities from single pieces to the families' own.
+bench::Shape RandomShape(std::mt19937& random) {
+    const auto between = [&random](int low, int high) {
+        return std::uniform_int_distribution<int>(low, high)(random);
+    };
+    static const int kQuantities[] = {1, 3, 12, 60, 0};
+    return {between(1, MaxStdLengths), between(1, MaxCutLengths), kQuantities[between(0, 4)]};
+}
+
+TEST(Soak, RandomProblemsKeepEveryInvariant) {
+    const int problems = EnvironmentNumber("BRENNIK_SOAK_PROBLEMS", kCiProblems);
+    const auto seed = static_cast<uint32_t>(EnvironmentNumber("BRENNIK_SOAK_SEED", kCiSeed));
+    std::mt19937 random(seed);
+    std::bernoulli_distribution coin;
+    const auto started = std::chrono::steady_clock::now();
+
+    Tally tally;
+    int done = 0;
+    int failing = 0;
+    while (done < problems && failing < kMostFailingProblems) {
+        const bench::Shape shape = RandomShape(random);
+        for (const bench::Family& family :
+             bench::MakeFamilies(1, static_cast<uint32_t>(random()), shape)) {
+            if (done == problems || failing == kMostFailingProblems) {
+                break;
+            }
+            const SoakCase soak{
+                family.name, family.problems.front(), {coin(random), coin(random), coin(random)}};
+            SCOPED_TRACE("problem " + std::to_string(done) + " of seed " + std::to_string(seed) +
+                         ": " + Describe(soak));
+            const int failuresBefore = FailuresSoFar();
+            tally.steps += CheckEnginePass(soak);
+            CheckPresses(soak, tally);
+            ++done;
+            failing += FailuresSoFar() > failuresBefore;
+        }
+    }
+    const double seconds =
+        std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count();
+    std::cout << "soak: " << done << " problems (seed " << seed << "), " << tally.presses
+              << " presses, " << tally.steps << " engine steps, " << tally.lines
+              << " report lines read, " << tally.searches << " searches run, " << tally.improved
+              << " improved, in " << seconds << " s\n";
+    EXPECT_EQ(done, problems);
+}
+
+}  // namespace
+}  // namespace brennik
