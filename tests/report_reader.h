@@ -3,6 +3,7 @@
 // against each other and against the problem that was asked for.
 #pragma once
 
+#include <algorithm>
 #include <charconv>
 #include <optional>
 #include <string>
@@ -100,12 +101,12 @@ public:
     void Head(const std::vector<std::string>& lines) {
         report_.wasteSummary = lines[0].find(" WASTE SUMMARY") != std::string::npos;
         report_.money = StartsWith(lines[4], "   (Price)(Total)");
-        // The rule under the titles: 13 dashes over the first slot and 14 over every other.
+        // The rule under the titles runs from column 21 over the slots, 13 dashes over the first
+        // and 14 over every other, so it ends on column 14 x G + 19.
         const std::string_view rule = lines[5];
-        const std::size_t dashes = rule.find_first_not_of('-', 20);
-        const std::size_t slotDashes = (dashes == std::string_view::npos ? rule.size() : dashes);
-        report_.slots = static_cast<int>((slotDashes - 20 + 1) / 14);
-        if (slotDashes < 33 || (slotDashes - 33) % 14 != 0) {
+        const std::size_t ends = std::min(rule.find_first_not_of('-', 20), rule.size());
+        report_.slots = static_cast<int>((ends - 19) / 14);
+        if (ends < 33 || (ends - 19) % 14 != 0) {
             Fault(rule, "head rule of unexpected width");
         }
     }
