@@ -188,6 +188,17 @@ std::vector<Family> MakeFamilies(int perFamily, uint32_t seed, Shape shape) {
     families.push_back(family(
         "long bars", false, [&] { return g.Between(20000, 99999) * 100 + g.Between(0, 9) * 10; },
         [&] { return g.Between(5000, 90000); }, 999));
+    // Lengths crowded into a narrow band: many combinations come within a few hundredths of a
+    // bar, which leaves a walk over the counts little to cut.
+    families.push_back([&] {
+        Family f{"close lengths", false, {}};
+        for (int k = 0; k < perFamily; ++k) {
+            const int64_t shortest = g.Between(100, 300);
+            f.problems.push_back(g.Make([&] { return g.Between(7, 24) * 100; },
+                                        [&] { return shortest + g.Between(0, 60); }, 99));
+        }
+        return f;
+    }());
     return families;
 }
 

@@ -33,9 +33,12 @@ constexpr int64_t ReachLimit = int64_t{1} << 24;
 // A table larger than this gives its memory back after the search, so that a thread keeps
 // no more than this between searches.
 constexpr std::size_t KeptTableWords = std::size_t{1} << 21;
-// Nodes after which a walk on such a bar gives way to the table: lengths that never fill a bar
-// exactly can make the walk's tree grow beyond any wait.
+// The most nodes after which a walk on such a bar gives way to the table: lengths that never
+// fill a bar exactly can make the walk's tree grow beyond any wait. A walk on a short bar gives
+// way sooner, after about as many nodes as the table has words to shift, as the table is then
+// cheap; but never before MinNodeBudget, which most walks stay well within.
 constexpr int64_t DefaultNodeBudget = 200000;
+constexpr int64_t MinNodeBudget = 2000;
 std::atomic<int64_t> nodeBudget{DefaultNodeBudget};
 
 // The sums of pieces that lengths d, d+1, ... can make, as bits 0 to bar, one row for each d.
@@ -113,15 +116,17 @@ public:
     int64_t Run(int64_t bar) {
         capacity_[count_] = 0;
         divisor_[count_] = 0;
+        shortest_[count_] = bar + 1;
         for (int d = count_ - 1; d >= 0; --d) {
             capacity_[d] = capacity_[d + 1] + max_[d] * length_[d];
             divisor_[d] = std::gcd(divisor_[d + 1], length_[d]);
+            shortest_[d] = std::min(shortest_[d + 1], length_[d]);
         }
         bestWaste_ = bar;
         floor_ = divisor_[0] > 0 ? bar % divisor_[0] : bar;
         done_ = false;
         nodes_ = 0;
-        budget_ = bar <= ReachLimit ? nodeBudget.load(std::memory_order_relaxed) : -1;
+        budget_ = bar <= ReachLimit ? NodeBudget(bar) : -1;
         Visit(0, bar);
         if (budget_ >= 0 && nodes_ > budget_) {
             SolveByReach(bar);
@@ -159,7 +164,20 @@ public:
     }
 
 private:
+    // The words the table would shift: each length is added in about log2(count) chunks.
+    int64_t NodeBudget(int64_t bar) const {
+        int64_t words = 0;
+        for (int d = 1; d < count_; ++d) {
+            words += (bar / 64 + 1) * (1 + std::bit_width(static_cast<uint64_t>(max_[d])));
+        }
+        const int64_t cap = nodeBudget.load(std::memory_order_relaxed);
+        return std::min(cap, std::max(MinNodeBudget, words));
+    }
+
     int64_t LeastWasteBelow(int depth, int64_t rest) const {
+        if (rest < shortest_[depth]) {
+            return rest;  // no deeper piece fits
+        }
         int64_t unfilled = rest - capacity_[depth];
         int64_t residue = divisor_[depth] > 0 ? rest % divisor_[depth] : rest;
         return std::max(unfilled, residue);
@@ -232,6 +250,7 @@ private:
     std::array<int64_t, MaxCutLengths> max_;
     std::array<int64_t, MaxCutLengths + 1> capacity_;
     std::array<int64_t, MaxCutLengths + 1> divisor_;
+    std::array<int64_t, MaxCutLengths + 1> shortest_;
     std::array<int64_t, MaxCutLengths> current_;
     std::array<int64_t, MaxCutLengths> best_;
     int64_t bestWaste_ = 0;
