@@ -23,6 +23,11 @@ constexpr std::string_view kSaveFilter =
 
 constexpr std::string_view kSeparatorLine = " , ";
 constexpr std::string_view kBlanks = " \t";
+// A spreadsheet may open its text with the UTF-8 byte order mark; it belongs to no field.
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+// The reader takes both tables' pairs and one field more, which tells whether the file goes on;
+// whatever follows is never looked at, however long a hostile file may be.
+constexpr std::size_t kFieldsRead = 2 * (MaxStdLengths + MaxCutLengths) + 1;
 
 // The fields of one line. A quoted field ends at its closing quote, so it may hold a comma;
 // what stands between that quote and the next comma is passed over.
@@ -34,7 +39,7 @@ void AppendLineFields(std::string_view line, std::vector<std::string>& fields) {
         return;
     }
     size_t start = 0;
-    while (true) {
+    while (fields.size() < kFieldsRead) {
         const size_t first = line.find_first_not_of(kBlanks, start);
         size_t comma = 0;
         if (first != std::string_view::npos && line[first] == '"') {
@@ -56,7 +61,14 @@ void AppendLineFields(std::string_view line, std::vector<std::string>& fields) {
 class FieldReader {
 public:
     explicit FieldReader(std::string_view contents) {
-        for (const std::string& line : SplitLines(contents)) {
+        if (contents.starts_with(kByteOrderMark)) {
+            contents.remove_prefix(kByteOrderMark.size());
+        }
+        // Every line gives at least one field.
+        for (const std::string& line : SplitLines(contents, kFieldsRead)) {
+            if (fields_.size() >= kFieldsRead) {
+                break;
+            }
             AppendLineFields(line, fields_);
         }
     }

@@ -23,11 +23,11 @@ std::string_view TrimBlanks(std::string_view field) {
     return field.substr(first, field.find_last_not_of(" \t") - first + 1);
 }
 
-// The comma-separated fields of the file's first line.
+// The first three comma-separated fields of the file's first line; any more mean nothing.
 std::vector<std::string_view> FieldsOf(std::string_view line) {
     std::vector<std::string_view> fields;
     std::size_t start = 0;
-    while (true) {
+    while (fields.size() < 3) {
         const std::size_t comma = line.find(',', start);
         fields.push_back(TrimBlanks(line.substr(start, comma - start)));
         if (comma == std::string_view::npos) {
@@ -35,6 +35,7 @@ std::vector<std::string_view> FieldsOf(std::string_view line) {
         }
         start = comma + 1;
     }
+    return fields;
 }
 
 std::string SettingsLine(const Module1& m) {
@@ -92,7 +93,7 @@ void LoadSettings(Module1& m, Surface& surface, FileSystem& files) {
     if (!files.ReadFile(SettingsFile, contents)) {
         return;
     }
-    const std::vector<std::string> lines = SplitLines(contents);
+    const std::vector<std::string> lines = SplitLines(contents, 1);
     if (lines.empty()) {
         return;
     }

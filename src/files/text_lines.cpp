@@ -2,10 +2,10 @@
 
 namespace brennik {
 
-std::vector<std::string> SplitLines(std::string_view contents) {
+std::vector<std::string> SplitLines(std::string_view contents, std::size_t mostLines) {
     std::vector<std::string> lines;
     std::size_t start = 0;
-    while (start < contents.size()) {
+    while (start < contents.size() && lines.size() < mostLines) {
         std::size_t end = contents.find('\n', start);
         const bool lastWithoutEnd = end == std::string_view::npos;
         if (lastWithoutEnd) {

@@ -9,7 +9,9 @@
 namespace brennik {
 
 // The lines of a file's contents, without their line ends. A last line without an end counts.
-std::vector<std::string> SplitLines(std::string_view contents);
+// A reader that needs only the first lines gives how many; the rest are never copied.
+std::vector<std::string> SplitLines(std::string_view contents,
+                                    std::size_t mostLines = std::string_view::npos);
 
 // Every line followed by CR LF.
 std::string JoinLines(const std::vector<std::string>& lines);

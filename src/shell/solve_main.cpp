@@ -256,7 +256,10 @@ int Solve(const Options& options) {
         if (options.verbose) {
             PrintStatusTexts(screen);
         }
-        std::cerr << status << "\n";
+        // With neither a standard nor a cutting length the form says nothing; a shell should.
+        std::cerr << (status.empty() ? "brennik-solve: the problem has no lengths to solve"
+                                     : status)
+                  << "\n";
         return 1;
     }
     if (m->FileError) {
