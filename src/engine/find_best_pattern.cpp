@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "engine/pattern_memo.h"
+#include "engine/reach_table.h"
 
 namespace brennik {
 
@@ -30,71 +31,13 @@ namespace {
 // Bars up to this many hundredths (every admissible bar) may be solved by the table of
 // reachable sums, whose memory grows with the bar: a bit per hundredth for each length.
 constexpr int64_t ReachLimit = int64_t{1} << 24;
-// A table larger than this gives its memory back after the search, so that a thread keeps
-// no more than this between searches.
-constexpr std::size_t KeptTableWords = std::size_t{1} << 21;
-// The most nodes after which a walk on such a bar gives way to the table: lengths that never
-// fill a bar exactly can make the walk's tree grow beyond any wait. A walk on a short bar gives
-// way sooner, after about as many nodes as the table has words to shift, as the table is then
-// cheap; but never before MinNodeBudget, which most walks stay well within.
-constexpr int64_t DefaultNodeBudget = 200000;
-constexpr int64_t MinNodeBudget = 2000;
-std::atomic<int64_t> nodeBudget{DefaultNodeBudget};
-
-// The sums of pieces that lengths d, d+1, ... can make, as bits 0 to bar, one row for each d.
-class ReachTable {
-public:
-    void Reset(int rows, int64_t bar) {
-        words_ = static_cast<std::size_t>(bar / 64 + 1);
-        bits_.assign(static_cast<std::size_t>(rows) * words_, 0);
-    }
-    uint64_t* Row(int d) { return bits_.data() + static_cast<std::size_t>(d) * words_; }
-    void Release(std::size_t keptWords) {
-        if (bits_.capacity() > keptWords) {
-            std::vector<uint64_t>().swap(bits_);
-        }
-    }
-
-    // Row d: the sums of row d + 1, each with up to `most` pieces of `length` added; the counts
-    // are added in doubling chunks, which together make every count from 0 to `most`.
-    void AddLength(int d, int64_t length, int64_t most) {
-        uint64_t* row = Row(d);
-        std::copy(Row(d + 1), Row(d + 1) + words_, row);
-        for (int64_t chunk = 1; most > 0; chunk *= 2) {
-            const int64_t take = std::min(chunk, most);
-            ShiftIn(row, take * length);
-            most -= take;
-        }
-    }
-    bool Has(int d, int64_t sum) { return sum >= 0 && ((Row(d)[sum / 64] >> (sum % 64)) & 1) != 0; }
-    // The largest sum of row d not above `limit`; there is always 0.
-    int64_t HighestUpTo(int d, int64_t limit) {
-        const uint64_t* row = Row(d);
-        int64_t word = limit / 64;
-        uint64_t bits = row[word] & (~uint64_t{0} >> (63 - limit % 64));
-        while (bits == 0) {
-            bits = row[--word];
-        }
-        return word * 64 + 63 - std::countl_zero(bits);
-    }
-
-private:
-    // row |= row << shift; from the top down, so every word reads words not yet changed.
-    void ShiftIn(uint64_t* row, int64_t shift) {
-        const auto whole = static_cast<std::size_t>(shift / 64);
-        const auto part = static_cast<unsigned>(shift % 64);
-        for (std::size_t w = words_; w-- > whole;) {
-            uint64_t moved = row[w - whole] << part;
-            if (part != 0 && w > whole) {
-                moved |= row[w - whole - 1] >> (64 - part);
-            }
-            row[w] |= moved;
-        }
-    }
-
-    std::size_t words_ = 0;
-    std::vector<uint64_t> bits_;
-};
+// The most counts a walk on such a bar may try before it gives way to the table: lengths that
+// never fill a bar exactly can make the walk's tree grow beyond any wait. A walk on a short bar
+// gives way sooner, after about as many tries as the table has words to shift, as the table is
+// then cheap; but never before MinWalkBudget, which most walks stay well within.
+constexpr int64_t DefaultWalkBudget = 200000;
+constexpr int64_t MinWalkBudget = 2000;
+std::atomic<int64_t> walkBudget{DefaultWalkBudget};
 
 // One branch-and-bound walk over the lengths still wanted. Counts are visited from high to low
 // with the first length outermost, and a candidate replaces the best only when it wastes
@@ -117,18 +60,22 @@ public:
         capacity_[count_] = 0;
         divisor_[count_] = 0;
         shortest_[count_] = bar + 1;
+        longest_[count_] = 0;
+        pieces_[count_] = 0;
         for (int d = count_ - 1; d >= 0; --d) {
             capacity_[d] = capacity_[d + 1] + max_[d] * length_[d];
             divisor_[d] = std::gcd(divisor_[d + 1], length_[d]);
             shortest_[d] = std::min(shortest_[d + 1], length_[d]);
+            longest_[d] = std::max(longest_[d + 1], length_[d]);
+            pieces_[d] = pieces_[d + 1] + max_[d];
         }
         bestWaste_ = bar;
         floor_ = divisor_[0] > 0 ? bar % divisor_[0] : bar;
         done_ = false;
-        nodes_ = 0;
-        budget_ = bar <= ReachLimit ? NodeBudget(bar) : -1;
+        tries_ = 0;
+        budget_ = bar <= ReachLimit ? WalkBudget(bar) : -1;
         Visit(0, bar);
-        if (budget_ >= 0 && nodes_ > budget_) {
+        if (budget_ >= 0 && tries_ > budget_) {
             SolveByReach(bar);
         }
         return bestWaste_;
@@ -165,21 +112,25 @@ public:
 
 private:
     // The words the table would shift: each length is added in about log2(count) chunks.
-    int64_t NodeBudget(int64_t bar) const {
+    int64_t WalkBudget(int64_t bar) const {
         int64_t words = 0;
         for (int d = 1; d < count_; ++d) {
             words += (bar / 64 + 1) * (1 + std::bit_width(static_cast<uint64_t>(max_[d])));
         }
-        const int64_t cap = nodeBudget.load(std::memory_order_relaxed);
-        return std::min(cap, std::max(MinNodeBudget, words));
+        const int64_t cap = walkBudget.load(std::memory_order_relaxed);
+        return std::min(cap, std::max(MinWalkBudget, words));
     }
 
+    // A lower bound on the waste of `rest` filled by lengths depth, depth+1, ...: no more pieces
+    // fit than the shortest length allows, none is longer than the longest, and every sum is a
+    // multiple of the lengths' common divisor. Lengths close together make the first two tight.
     int64_t LeastWasteBelow(int depth, int64_t rest) const {
         if (rest < shortest_[depth]) {
             return rest;  // no deeper piece fits
         }
-        int64_t unfilled = rest - capacity_[depth];
-        int64_t residue = divisor_[depth] > 0 ? rest % divisor_[depth] : rest;
+        const int64_t most = std::min(rest / shortest_[depth], pieces_[depth]);
+        const int64_t unfilled = rest - std::min(most * longest_[depth], capacity_[depth]);
+        const int64_t residue = divisor_[depth] > 0 ? rest % divisor_[depth] : rest;
         return std::max(unfilled, residue);
     }
 
@@ -188,11 +139,7 @@ private:
     // the one with the most pieces of the first length first, then of the second, and so on.
     void SolveByReach(int64_t bar) {
         thread_local ReachTable reach;
-        reach.Reset(count_ + 1, bar);
-        reach.Row(count_)[0] = 1;
-        for (int d = count_ - 1; d >= 1; --d) {
-            reach.AddLength(d, length_[d], max_[d]);
-        }
+        reach.Build(count_, length_.data(), max_.data(), bar);
         int64_t bestSum = -1;
         for (int64_t c = std::min(max_[0], bar / length_[0]); c >= 1 && bestSum < bar; --c) {
             const int64_t sum = c * length_[0] + reach.HighestUpTo(1, bar - c * length_[0]);
@@ -211,14 +158,10 @@ private:
             rest -= c * length_[d];
         }
         bestWaste_ = bar - bestSum;
-        reach.Release(KeptTableWords);
+        reach.Release();
     }
 
     void Visit(int depth, int64_t rest) {
-        if (budget_ >= 0 && nodes_++ >= budget_) {
-            done_ = true;  // the walk gives way to the table
-            return;
-        }
         if (depth == count_) {
             if (rest < bestWaste_) {
                 bestWaste_ = rest;
@@ -230,6 +173,10 @@ private:
         int64_t high = std::min(max_[depth], rest / length_[depth]);
         int64_t low = depth == 0 ? 1 : 0;
         for (int64_t c = high; c >= low && !done_; --c) {
+            if (budget_ >= 0 && tries_++ >= budget_) {
+                done_ = true;  // the walk gives way to the table
+                return;
+            }
             int64_t left = rest - c * length_[depth];
             if (left - capacity_[depth + 1] >= bestWaste_) {
                 break;  // fewer pieces here only leave more to fill below
@@ -251,12 +198,14 @@ private:
     std::array<int64_t, MaxCutLengths + 1> capacity_;
     std::array<int64_t, MaxCutLengths + 1> divisor_;
     std::array<int64_t, MaxCutLengths + 1> shortest_;
+    std::array<int64_t, MaxCutLengths + 1> longest_;
+    std::array<int64_t, MaxCutLengths + 1> pieces_;  // the most pieces of all lengths together
     std::array<int64_t, MaxCutLengths> current_;
     std::array<int64_t, MaxCutLengths> best_;
     int64_t bestWaste_ = 0;
     int64_t floor_ = 0;
     bool done_ = false;
-    int64_t nodes_ = 0;
+    int64_t tries_ = 0;
     int64_t budget_ = -1;  // no budget: the bar is too long for the table
 };
 
@@ -280,8 +229,8 @@ void UsePatternSearch(PatternSearch search) {
     activeSearch = search != nullptr ? search : &FindBestPattern;
 }
 
-void SetWalkBudget(int64_t nodes) {
-    nodeBudget = nodes >= 0 ? nodes : DefaultNodeBudget;
+void SetWalkBudget(int64_t tries) {
+    walkBudget = tries >= 0 ? tries : DefaultWalkBudget;
 }
 
 PatternSearch CurrentPatternSearch() {

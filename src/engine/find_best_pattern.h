@@ -25,10 +25,10 @@ void FindBestPattern(Module1& m, float stdLength, float price, const CutRows<flo
 // Empties this thread's memory of searched patterns, as a new problem makes it useless.
 void ForgetPatterns();
 
-// How many nodes the walk of a search may visit, on a bar short enough for the table of
+// How many counts the walk of a search may try, on a bar short enough for the table of
 // reachable sums, before it gives way to that table; a negative number restores the default.
 // The tests set 0 to have every such search answered by the table.
-void SetWalkBudget(int64_t nodes);
+void SetWalkBudget(int64_t tries);
 
 // The pattern search that ChooseNextPattern runs: FindBestPattern. The benchmark and the tests
 // put the plain complete enumeration in its place to set the two side by side; nullptr puts

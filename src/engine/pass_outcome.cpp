@@ -14,11 +14,11 @@ namespace {
 // The accumulators of both Methods, in one fixed order.
 template <typename Block>
 auto Accumulators(Block& m) {
-    return std::array{&m.StepMatWasteB, &m.TotalMatWasteB, &m.TotalLengthB, &m.TotalCostB,
-            &m.BarMonWasteB,  &m.StepMonWasteB,  &m.TotalMonWasteB, &m.MatWastePctB,
-            &m.MonWastePctB,  &m.StepMatWasteA,  &m.TotalMatWasteA, &m.TotalLengthA,
-            &m.TotalCostA,    &m.BarMonWasteA,   &m.StepMonWasteA,  &m.TotalMonWasteA,
-            &m.MatWastePctA,  &m.MonWastePctA};
+    return std::array{&m.StepMatWasteB, &m.TotalMatWasteB, &m.TotalLengthB,   &m.TotalCostB,
+                      &m.BarMonWasteB,  &m.StepMonWasteB,  &m.TotalMonWasteB, &m.MatWastePctB,
+                      &m.MonWastePctB,  &m.StepMatWasteA,  &m.TotalMatWasteA, &m.TotalLengthA,
+                      &m.TotalCostA,    &m.BarMonWasteA,   &m.StepMonWasteA,  &m.TotalMonWasteA,
+                      &m.MatWastePctA,  &m.MonWastePctA};
 }
 
 // The cutting loop of a pass in one arrangement, on the worker's own copy of the block.

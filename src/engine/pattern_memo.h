@@ -35,8 +35,9 @@ private:
     struct KeyHash {
         std::size_t operator()(const Key& key) const;
     };
-    // Past this many answers the memory starts afresh, which bounds it to some tens of MB.
-    static constexpr std::size_t Capacity = 100000;
+    // Past this many answers the memory starts afresh, which bounds it to about 10 MB a thread.
+    // A press of shop problems remembers a few thousand at most.
+    static constexpr std::size_t Capacity = 20000;
 
     std::unordered_map<Key, Answer, KeyHash> answers_;
 };

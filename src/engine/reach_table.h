@@ -1,0 +1,51 @@
+// The table of reachable sums behind the pattern search: for the lengths of a search after the
+// first, which sums of pieces each suffix of them can make, up to the bar, as one bit per
+// hundredth. It answers the searches whose walk would grow too large.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace brennik {
+
+class ReachTable {
+public:
+    // Row d (1 <= d <= count) holds the sums that lengths d to count - 1 make with at most
+    // most[i] pieces of lengths[i]; row count holds 0 alone. A large table keeps only every few
+    // rows and works the others out again when they are read, so that its memory grows with
+    // the square root of the number of lengths rather than with the number itself.
+    // `spacing` sets how many rows apart the kept rows stand; 0 leaves it to the table's size.
+    void Build(int count, const int64_t* lengths, const int64_t* most, int64_t bar,
+               int spacing = 0);
+
+    bool Has(int d, int64_t sum);
+    // The largest sum of row d not above `limit`; there is always 0.
+    int64_t HighestUpTo(int d, int64_t limit);
+
+    // Gives the memory of a large table back, so that a thread keeps little between searches.
+    void Release();
+
+private:
+    bool IsKept(int d) const { return (count_ - d) % spacing_ == 0; }
+    // The kept row at or above row d, which the rows between it and d are worked out from.
+    int KeptAbove(int d) const { return d + (count_ - d) % spacing_; }
+    uint64_t* Slot(std::size_t slot) { return bits_.data() + slot * words_; }
+    uint64_t* Row(int d);
+    // Row d from row d + 1 at `from`, into `to`.
+    void AddLength(int d, const uint64_t* from, uint64_t* to);
+    void AddShifted(const uint64_t* from, uint64_t* to, int64_t shift);
+    void AddAnyCount(const uint64_t* from, uint64_t* to, int64_t shift);
+
+    int count_ = 0;
+    int spacing_ = 1;
+    std::size_t keptSlots_ = 0;
+    int segmentTop_ = 0;  // the kept row whose rows below are in the spare slots
+    const int64_t* lengths_ = nullptr;
+    const int64_t* most_ = nullptr;
+    int64_t bar_ = 0;
+    std::size_t words_ = 0;
+    std::vector<uint64_t> bits_;
+};
+
+}  // namespace brennik

@@ -1,0 +1,64 @@
+// The table of reachable sums against sums worked out one by one, for every row and every sum
+// up to the bar, with every row kept and with only every few rows kept.
+#include "engine/reach_table.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <vector>
+
+namespace brennik {
+namespace {
+
+// The sums each suffix of the lengths makes, one bool per sum, count by count.
+std::vector<std::vector<bool>> SumsBySuffix(const std::vector<int64_t>& lengths,
+                                            const std::vector<int64_t>& most, int64_t bar) {
+    const int count = static_cast<int>(lengths.size());
+    std::vector<std::vector<bool>> rows(count + 1, std::vector<bool>(bar + 1, false));
+    rows[count][0] = true;
+    for (int d = count - 1; d >= 1; --d) {
+        for (int64_t sum = 0; sum <= bar; ++sum) {
+            for (int64_t c = 0; c <= most[d] && c * lengths[d] <= sum && !rows[d][sum]; ++c) {
+                rows[d][sum] = rows[d + 1][sum - c * lengths[d]];
+            }
+        }
+    }
+    return rows;
+}
+
+TEST(ReachTable, EveryRowHoldsExactlyTheSumsOfItsLengths) {
+    std::mt19937 random(17);
+    ReachTable table;
+    for (int trial = 0; trial < 60; ++trial) {
+        const int count = 2 + static_cast<int>(random() % 12);
+        const int64_t bar = 200 + static_cast<int64_t>(random() % 1500);
+        std::vector<int64_t> lengths(count), most(count);
+        for (int d = 0; d < count; ++d) {
+            // Short and long lengths, so that both ways of adding counts are taken.
+            lengths[d] = trial % 2 == 0 ? 7 + random() % 60 : 64 + random() % 300;
+            most[d] = random() % 3 == 0 ? bar / lengths[d] : random() % 5;
+        }
+        const auto expected = SumsBySuffix(lengths, most, bar);
+        for (int spacing : {1, 2, 3, 5}) {
+            SCOPED_TRACE("trial " + std::to_string(trial) + ", rows kept " +
+                         std::to_string(spacing) + " apart");
+            table.Build(count, lengths.data(), most.data(), bar, spacing);
+            // Rows read from the top down, then from the bottom up, as the searches read them.
+            for (int pass = 0; pass < 2; ++pass) {
+                for (int k = 1; k <= count; ++k) {
+                    const int d = pass == 0 ? count + 1 - k : k;
+                    int64_t highest = -1;
+                    for (int64_t sum = 0; sum <= bar; ++sum) {
+                        ASSERT_EQ(table.Has(d, sum), expected[d][sum])
+                            << "row " << d << " sum " << sum;
+                        highest = expected[d][sum] ? sum : highest;
+                        ASSERT_EQ(table.HighestUpTo(d, sum), highest) << "row " << d;
+                    }
+                }
+            }
+        }
+    }
+}
+
+}  // namespace
+}  // namespace brennik
