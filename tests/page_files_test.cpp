@@ -10,28 +10,26 @@ namespace {
 
 using testing::Bench;
 
-// A report whose first line is `width` columns wide, with a shorter and an empty line below.
-void WriteReport(Bench& bench, std::size_t width) {
+// A report whose first line is `width` columns of the alphabet over and over, with a shorter
+// and an empty line below; then View & Print.
+void ViewReport(Bench& bench, std::size_t width) {
     std::string first;
     for (std::size_t column = 0; column < width; ++column) {
         first += static_cast<char>('a' + column % 26);
     }
     bench.files.WriteFile("last.sol", JoinLines({first, "short", ""}));
-}
-
-std::vector<std::string> Page(Bench& bench, int page) {
-    return SplitLines(bench.Read("page" + std::to_string(page)));
+    ViewSolution(bench.m, bench.surface, bench.files);
 }
 
 TEST(ViewSolution, PagesFollowTheWidthOfTheFirstLine) {
+    // (page width, report width, page files)
     const std::vector<std::tuple<int, std::size_t, int>> cases = {
         {66, 66, 1}, {66, 67, 2}, {60, 122, 3}, {66, 626, 4}, {200, 0, 0}};
     for (const auto& [pageWidth, reportWidth, pages] : cases) {
         Bench bench;
         bench.m.PageWidth = static_cast<int16_t>(pageWidth);
-        WriteReport(bench, reportWidth);
-        ViewSolution(bench.m, bench.surface, bench.files);
-        for (int page = 1; page <= 4; ++page) {
+        ViewReport(bench, reportWidth);
+        for (int page = 1; page <= 5; ++page) {
             EXPECT_EQ(bench.files.FileExists("page" + std::to_string(page)), page <= pages)
                 << "width " << reportWidth << " page " << page;
         }
@@ -41,47 +39,23 @@ TEST(ViewSolution, PagesFollowTheWidthOfTheFirstLine) {
 TEST(ViewSolution, EveryPageHasEveryLineCutAtItsColumns) {
     Bench bench;
     bench.m.PageWidth = 60;
-    WriteReport(bench, 122);
-    ViewSolution(bench.m, bench.surface, bench.files);
-    const std::vector<std::string> third = Page(bench, 3);
-    ASSERT_EQ(third.size(), 3u);
-    EXPECT_EQ(third[0], "qr");  // columns 121 and 122
-    EXPECT_EQ(third[1], "");
-    EXPECT_EQ(Page(bench, 1)[1], "short");
-    EXPECT_EQ(Page(bench, 1)[0].size(), 60u);
+    ViewReport(bench, 122);
+    EXPECT_EQ(SplitLines(bench.Read("page1")),
+              (std::vector<std::string>{bench.Read("last.sol").substr(0, 60), "short", ""}));
     EXPECT_EQ(bench.Read("page2").substr(0, 3), "ijk");  // columns 61 to 63
+    EXPECT_EQ(SplitLines(bench.Read("page3")), (std::vector<std::string>{"qr", "", ""}));
 
-    bench.m.PageWidth = 66;  // 626 columns: ten pages, of which four files hold 264 columns
-    WriteReport(bench, 626);
-    ViewSolution(bench.m, bench.surface, bench.files);
-    EXPECT_EQ(Page(bench, 4)[0].size(), 66u);
-    EXPECT_FALSE(bench.files.FileExists("page5"));
-}
-
-TEST(ViewSolution, NarrowerReportLeavesNoStalePage) {
-    Bench bench;
+    // Ten pages wide: four files of 66 columns. A narrower report then leaves no page behind.
     bench.m.PageWidth = 66;
-    WriteReport(bench, 200);
-    ViewSolution(bench.m, bench.surface, bench.files);
-    EXPECT_TRUE(bench.files.FileExists("page4"));
-    WriteReport(bench, 100);
-    ViewSolution(bench.m, bench.surface, bench.files);
+    ViewReport(bench, 626);
+    EXPECT_EQ(SplitLines(bench.Read("page4")).at(0).size(), 66u);
+    ViewReport(bench, 100);
     EXPECT_TRUE(bench.files.FileExists("page2"));
     EXPECT_FALSE(bench.files.FileExists("page3"));
     EXPECT_FALSE(bench.files.FileExists("page4"));
 }
 
-TEST(ViewSolution, OpensTheViewerOnLastSol) {
-    Bench bench;
-    WriteReport(bench, 66);
-    ViewSolution(bench.m, bench.surface, bench.files);
-    ASSERT_FALSE(bench.surface.Events().empty());
-    const SurfaceEvent& last = bench.surface.Events().back();
-    EXPECT_EQ(last.op, SurfaceOp::StartViewer);
-    EXPECT_EQ(last.text, bench.folder.Path() + "/last.sol");
-}
-
-TEST(ViewSolution, WithoutASolutionMakesNoPageAndStartsNoViewer) {
+TEST(ViewSolution, OpensTheViewerOnLastSolOnlyWhenThereIsOne) {
     Bench bench;
     bench.files.WriteFile("page1", "old");
     ViewSolution(bench.m, bench.surface, bench.files);
@@ -90,6 +64,11 @@ TEST(ViewSolution, WithoutASolutionMakesNoPageAndStartsNoViewer) {
     for (const SurfaceEvent& event : bench.surface.Events()) {
         EXPECT_NE(event.op, SurfaceOp::StartViewer);
     }
+
+    ViewReport(bench, 66);
+    ASSERT_FALSE(bench.surface.Events().empty());
+    EXPECT_EQ(bench.surface.Events().back().op, SurfaceOp::StartViewer);
+    EXPECT_EQ(bench.surface.Events().back().text, bench.folder.PathOf("last.sol"));
 }
 
 }  // namespace

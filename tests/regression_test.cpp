@@ -1,8 +1,6 @@
-// A problem file that the problem-file fuzzer found troublesome, and one of the same kind found
-// while measuring it, loaded and pressed as the fuzzer presses them. Each once kept a press busy
-// for seconds to half a minute, while the pattern search walked every combination of lengths
-// that never fill a bar exactly; now each must still cut every piece asked for (how quickly is
-// the benchmark's to measure).
+// Problem files that the problem-file fuzzer found troublesome, loaded and pressed as the fuzzer
+// presses them. Each once kept a press busy for seconds while the pattern search walked every
+// combination of lengths that never fill a bar exactly; each must still cut every piece asked for.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -20,24 +18,23 @@ namespace brennik {
 namespace {
 
 using testing::Bench;
-
-// Pieces by length in hundredths.
-using Pieces = std::map<long, int>;
+using Pieces = std::map<long, int>;  // by length in hundredths
 
 long Hundredths(double length) {
     return std::lround(length * 100);
 }
 
-// Writes the problem file, loads it as the headless runner does and presses Find Solution once.
-void LoadAndPress(Bench& bench, const std::vector<std::string>& lines) {
+// Loads the problem file as the headless runner does, presses Find Solution once and holds the
+// report's pieces against those asked for.
+void ExpectEveryPieceCut(Bench& bench, const std::vector<std::string>& lines, const Pieces& asked) {
     bench.files.WriteFile("problem.pro", JoinLines(lines));
     bench.surface.SetNextFileName(bench.folder.PathOf("problem.pro"));
     LoadProblem(bench.m, bench.surface, bench.files);
     cmdFind_Click(bench.m, bench.platform);
-}
-
-// Every piece of the report: the bars of each cutting line times its pieces of each length.
-Pieces PiecesCut(const testing::ParsedReport& report) {
+    EXPECT_FALSE(bench.m.EntryError || bench.m.LengthError || bench.m.FileError);
+    EXPECT_EQ(bench.folder.FileNames(), (std::vector<std::string>{"last.sol", "problem.pro"}));
+    const testing::ParsedReport report = testing::ParseReport(bench.Read("last.sol"));
+    EXPECT_TRUE(report.faults.empty());
     Pieces cut;
     for (const testing::ReportGroup& group : report.groups) {
         for (const testing::CuttingLine& line : group.lines) {
@@ -46,21 +43,13 @@ Pieces PiecesCut(const testing::ParsedReport& report) {
             }
         }
     }
-    return cut;
+    EXPECT_EQ(cut, asked);
 }
 
-void ExpectEveryPieceCut(Bench& bench, const Pieces& asked) {
-    EXPECT_FALSE(bench.m.EntryError || bench.m.LengthError || bench.m.FileError);
-    EXPECT_EQ(bench.folder.FileNames(), (std::vector<std::string>{"last.sol", "problem.pro"}));
-    const testing::ParsedReport report = testing::ParseReport(bench.Read("last.sol"));
-    EXPECT_TRUE(report.faults.empty());
-    EXPECT_EQ(PiecesCut(report), asked);
-}
-
+// The fuzzer's input as it found it: a bar of 99 without price among five short priced ones,
+// forty lengths from 1 to 6.07 (one of them 5, asked 541 times), and lines past the fortieth
+// cutting row that the reader leaves alone. Advanced took 6.4 s in a release build.
 TEST(FuzzFindings, AdvancedOnALongBarAmongShortOnesAndFortyLengthsCutsEveryPiece) {
-    // The fuzzer's input as it found it: a bar of 99 without price among five short priced
-    // ones, forty lengths from 1 to 6.07 (one of them 5, asked 541 times), and lines past the
-    // fortieth cutting row that the reader leaves alone. Advanced took 6.4 s in a release build.
     std::vector<std::string> lines = {"12,12", "11,11", "10,10", "99,", "8,8", "7,7"};
     Pieces asked;
     for (int row = 0; row < MaxCutLengths; ++row) {
@@ -71,32 +60,27 @@ TEST(FuzzFindings, AdvancedOnALongBarAmongShortOnesAndFortyLengthsCutsEveryPiece
         asked[Hundredths(length)] += quantity;
     }
     lines.insert(lines.end(), {"3,3", "3,3", "3,3", "3(3"});
-
     Bench bench;
     bench.m.ShowWasteSummary = kTrue;
     bench.m.ShowReference = kTrue;
     bench.surface.SetNextInput("fuzz");
     bench.surface.SetValue({Ctl::Check1}, true);
-    LoadAndPress(bench, lines);
-    ExpectEveryPieceCut(bench, asked);
+    ExpectEveryPieceCut(bench, lines, asked);
 }
 
+// Twenty lengths 0.07 apart, 99 of each, on a bar of 59.99: the basic press of Method B took
+// 30 s in a release build.
 TEST(FuzzFindings, TwentyCloseLengthsOnOneBarAreAllCut) {
-    // Twenty lengths 0.07 apart, 99 of each, on a bar of 59.99: the basic press of Method B
-    // took 30 s in a release build.
     std::vector<std::string> lines = {"59.99,", " , "};
     Pieces asked;
     for (int row = 0; row < 20; ++row) {
-        const double length = 3 + 0.07 * row;
-        lines.push_back(FloatText(length) + ",99");
-        asked[Hundredths(length)] = 99;
+        lines.push_back(FloatText(3 + 0.07 * row) + ",99");
+        asked[Hundredths(3 + 0.07 * row)] = 99;
     }
-
     Bench bench;
     bench.surface.SetValue({Ctl::Option2}, true);
-    LoadAndPress(bench, lines);
+    ExpectEveryPieceCut(bench, lines, asked);
     EXPECT_EQ(bench.Status(), " Done !.");
-    ExpectEveryPieceCut(bench, asked);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 // Test support: reads a finished last.sol back into its figures, column by column as the report
-// lays them out, so that a test can hold the report's lines, group summaries and foot totals
-// against each other and against the problem that was asked for.
+// lays them out, so that a test can hold lines, group summaries and foot totals against each
+// other and against the problem that was asked for.
 #pragma once
 
 #include <algorithm>
@@ -14,18 +14,16 @@
 
 namespace brennik::testing {
 
-// One item of the cutting details: so many pieces of one length from every bar of the line.
 struct ReportItem {
     int pieces = 0;
     double length = 0;
 };
 
-// The waste columns of a cutting line; the money pair only when the report shows money.
+// The waste columns of a cutting line; the money total only when the report shows money.
 struct WasteColumns {
     int bars = 0;
     double perBar = 0;
     double total = 0;
-    std::optional<double> moneyPerBar;
     std::optional<double> moneyTotal;
 };
 
@@ -43,223 +41,155 @@ struct ReportGroup {
     int bars = 0;
 };
 
-struct FootTotals {
-    std::string methodLabel;  // "Method Used    => AA " and the like, 21 characters
-    int wasteBars = 0;
-    double materialWaste = 0;
-    std::optional<double> moneyWaste;
-    std::optional<double> totalCost;
-};
-
 struct ParsedReport {
     bool wasteSummary = false;  // the head has the WASTE SUMMARY columns
-    bool money = false;         // the head has the money columns, or prices
-    int slots = 0;              // G: the items of the widest cutting line
+    bool money = false;         // the head has prices
     std::vector<ReportGroup> groups;
-    FootTotals foot;
-    // Every line that does not have the layout of its place, with the reason.
-    std::vector<std::string> faults;
+    std::string methodLabel;   // "Method Used    => AA " and the like
+    WasteColumns wasteTotals;  // under the waste columns, when the summary is shown
+    std::optional<double> totalCost;
+    std::vector<std::string> faults;  // every line not laid out as its place wants, and why
 };
 
-// The number that a fixed field holds, blanks around it allowed; nothing for any other text.
-inline std::optional<double> FieldNumber(std::string_view field) {
+namespace report_reader {
+
+// The number in `width` columns from `from`, blanks around it allowed; nothing for other text.
+inline std::optional<double> Number(std::string_view line, std::size_t from, std::size_t width) {
+    std::string_view field = from < line.size() ? line.substr(from, width) : std::string_view();
     const std::size_t first = field.find_first_not_of(' ');
     if (first == std::string_view::npos) {
         return std::nullopt;
     }
-    const std::size_t last = field.find_last_not_of(' ');
-    const char* begin = field.data() + first;
-    const char* end = field.data() + last + 1;
+    field = field.substr(first, field.find_last_not_of(' ') + 1 - first);
     double value = 0;
-    const auto [stop, error] = std::from_chars(begin, end, value);
-    if (error != std::errc() || stop != end) {
+    const auto [stop, error] = std::from_chars(field.data(), field.data() + field.size(), value);
+    if (error != std::errc() || stop != field.data() + field.size()) {
         return std::nullopt;
     }
     return value;
 }
 
-namespace report_reader {
-
-inline std::string_view Columns(std::string_view line, std::size_t from, std::size_t width) {
-    return from < line.size() ? line.substr(from, width) : std::string_view();
-}
-
-inline bool StartsWith(std::string_view line, std::string_view text) {
-    return line.substr(0, text.size()) == text;
-}
-
-// "   (20.00)(  160)" with a price, "          (    3)" without: 17 columns.
-inline bool IsSummaryLine(std::string_view line) {
-    return line.size() == 17 && (line[9] == ')' || line[9] == ' ') && line[10] == '(' &&
-           line[16] == ')';
-}
-
-class Reader {
-public:
-    explicit Reader(ParsedReport& report) : report_(report) {}
-
-    void Head(const std::vector<std::string>& lines) {
-        report_.wasteSummary = lines[0].find(" WASTE SUMMARY") != std::string::npos;
-        report_.money = StartsWith(lines[4], "   (Price)(Total)");
-        // The rule under the titles runs from column 21 over the slots, 13 dashes over the first
-        // and 14 over every other, so it ends on column 14 x G + 19.
-        const std::string_view rule = lines[5];
-        const std::size_t ends = std::min(rule.find_first_not_of('-', 20), rule.size());
-        report_.slots = static_cast<int>((ends - 19) / 14);
-        if (ends < 33 || (ends - 19) % 14 != 0) {
-            Fault(rule, "head rule of unexpected width");
-        }
+// The waste columns from `block` to the end of the line: bars, per bar, total, then money per
+// bar and total when the report shows money. The foot's totals leave the per-bar columns blank.
+inline std::optional<WasteColumns> ReadWaste(std::string_view line, std::size_t block, bool money,
+                                             bool perBar) {
+    const auto bars = Number(line, block, 7);
+    const auto total = Number(line, block + 17, 10);
+    const auto moneyTotal = Number(line, block + 37, 10);
+    if (line.size() != block + (money ? 47 : 27) || !bars || !total ||
+        Number(line, block + 7, 10).has_value() != perBar ||
+        (money && (!moneyTotal || Number(line, block + 27, 10).has_value() != perBar))) {
+        return std::nullopt;
     }
+    return WasteColumns{static_cast<int>(*bars), Number(line, block + 7, 10).value_or(0), *total,
+                        moneyTotal};
+}
 
-    void CuttingLineOf(std::string_view line, ReportGroup& group) {
-        CuttingLine cut;
-        const std::size_t body = 14 * static_cast<std::size_t>(report_.slots) + 19;
-        const auto length = FieldNumber(Columns(line, 0, 7));
-        const auto bars = FieldNumber(Columns(line, 7, 9));
-        if (line.size() < body || !length || !bars || Columns(line, 16, 3) != "   ") {
-            Fault(line, "cutting line without length, quantity or body");
-            return;
-        }
-        cut.stdLength = *length;
-        cut.bars = static_cast<int>(*bars);
-        bool slotsEnded = false;
-        for (int slot = 0; slot < report_.slots; ++slot) {
-            const std::string_view text =
-                Columns(line, 19 + 14 * static_cast<std::size_t>(slot), 14);
-            if (text.find_first_not_of(' ') == std::string_view::npos) {
-                slotsEnded = true;
-                continue;
-            }
-            const auto pieces = FieldNumber(text.substr(0, 5));
-            const auto itemLength = FieldNumber(text.substr(7, 7));
-            if (slotsEnded || text.substr(5, 2) != " x" || !pieces || !itemLength) {
-                Fault(line, "item out of its slot");
-                return;
-            }
+// Length, bars, an item "ppppp x lllllll" in each used slot from the first, then the waste
+// columns when the line has any; nothing when the line is laid out otherwise.
+inline std::optional<CuttingLine> ReadCuttingLine(std::string_view line, std::size_t body,
+                                                  const ParsedReport& r) {
+    const auto length = Number(line, 0, 7);
+    const auto bars = Number(line, 7, 9);
+    if (line.size() < body || !length || !bars || line.substr(16, 3) != "   ") {
+        return std::nullopt;
+    }
+    CuttingLine cut{*length, static_cast<int>(*bars), {}, {}};
+    for (std::size_t at = 19; at < body; at += 14) {
+        const auto pieces = Number(line, at, 5);
+        const auto itemLength = Number(line, at + 7, 7);
+        if (pieces && itemLength && line.substr(at + 5, 2) == " x" &&
+            cut.items.size() == (at - 19) / 14) {
             cut.items.push_back({static_cast<int>(*pieces), *itemLength});
-        }
-        if (line.size() > body) {
-            cut.waste = WasteOf(line.substr(body));
-            if (!cut.waste) {
-                Fault(line, "waste columns out of place");
-                return;
-            }
-        }
-        group.lines.push_back(cut);
-    }
-
-    void SummaryOf(std::string_view line, ReportGroup& group) {
-        const std::size_t open = line.find('(');
-        if (report_.money) {
-            group.price = FieldNumber(line.substr(open + 1, 9 - open - 1));
-        }
-        const auto bars = FieldNumber(line.substr(11, 5));
-        if ((report_.money && (open >= 9 || !group.price)) ||
-            (!report_.money && Columns(line, 0, 10) != "          ") || !bars) {
-            Fault(line, "group summary out of place");
-            return;
-        }
-        group.bars = static_cast<int>(*bars);
-        report_.groups.push_back(group);
-    }
-
-    void Foot(const std::vector<std::string>& lines, std::size_t first) {
-        if (lines.size() < first + 4) {
-            Fault(lines.back(), "foot too short");
-            return;
-        }
-        const std::string_view method = lines[first + 1];
-        FootTotals& foot = report_.foot;
-        foot.methodLabel = std::string(Columns(method, 0, 21));
-        if (report_.wasteSummary) {
-            const std::size_t block = 14 * static_cast<std::size_t>(report_.slots) + 19;
-            const auto bars = FieldNumber(Columns(method, block, 7));
-            const auto material = FieldNumber(Columns(method, block + 17, 10));
-            if (!bars || !material) {
-                Fault(method, "waste totals out of place");
-                return;
-            }
-            foot.wasteBars = static_cast<int>(*bars);
-            foot.materialWaste = *material;
-            if (report_.money) {
-                foot.moneyWaste = FieldNumber(Columns(method, block + 37, 10));
-            }
-        }
-        const std::string_view cost = lines[first + 2];
-        if (report_.money) {
-            foot.totalCost = FieldNumber(Columns(cost, 19, 14));
-            if (!StartsWith(cost, "Total  Cost    =>  ") || !foot.totalCost) {
-                Fault(cost, "total cost out of place");
-            }
-        }
-    }
-
-private:
-    std::optional<WasteColumns> WasteOf(std::string_view block) const {
-        if (!report_.wasteSummary || block.size() != (report_.money ? 47u : 27u)) {
+        } else if (line.substr(at, 14).find_first_not_of(' ') != std::string_view::npos) {
             return std::nullopt;
         }
-        const auto bars = FieldNumber(block.substr(0, 7));
-        const auto perBar = FieldNumber(block.substr(7, 10));
-        const auto total = FieldNumber(block.substr(17, 10));
-        if (!bars || !perBar || !total) {
+    }
+    if (line.size() > body) {
+        cut.waste = ReadWaste(line, body, r.money, true);
+        if (!r.wasteSummary || !cut.waste) {
             return std::nullopt;
         }
-        WasteColumns waste{static_cast<int>(*bars), *perBar, *total, {}, {}};
-        if (report_.money) {
-            waste.moneyPerBar = FieldNumber(block.substr(27, 10));
-            waste.moneyTotal = FieldNumber(block.substr(37, 10));
-            if (!waste.moneyPerBar || !waste.moneyTotal) {
-                return std::nullopt;
-            }
-        }
-        return waste;
     }
-
-    void Fault(std::string_view line, const char* why) {
-        report_.faults.push_back(std::string(why) + ": \"" + std::string(line) + "\"");
-    }
-
-    ParsedReport& report_;
-};
+    return cut;
+}
 
 }  // namespace report_reader
 
 // Reads the bytes of a finished report: six head lines, the groups of cutting lines each closed
 // by its summary and divided by lines of one space, then the foot from its rule on.
 inline ParsedReport ParseReport(std::string_view contents) {
-    ParsedReport report;
+    using report_reader::Number;
+    ParsedReport r;
     const std::vector<std::string> lines = SplitLines(contents);
+    const auto fault = [&r](std::string_view line, const char* why) {
+        r.faults.push_back(std::string(why) + ": \"" + std::string(line) + "\"");
+    };
     if (lines.size() < 6) {
-        report.faults.push_back("fewer than six head lines");
-        return report;
+        fault(contents, "fewer than six head lines");
+        return r;
     }
-    report_reader::Reader reader(report);
-    reader.Head(lines);
+    r.wasteSummary = lines[0].find(" WASTE SUMMARY") != std::string::npos;
+    r.money = lines[4].starts_with("   (Price)(Total)");
+    // The rule under the titles runs from column 21 over the slots, 13 dashes over the first and
+    // 14 over every other, so it ends on column 14 x slots + 19, where the waste columns begin.
+    const std::size_t body = std::min(lines[5].find_first_not_of('-', 20), lines[5].size());
+    if (body < 33 || (body - 19) % 14 != 0) {
+        fault(lines[5], "head rule of unexpected width");
+        return r;
+    }
+
     ReportGroup group;
     std::size_t at = 6;
-    for (; at < lines.size() && !report_reader::StartsWith(lines[at], "-"); ++at) {
+    for (; at < lines.size() && !lines[at].starts_with("-"); ++at) {
         const std::string& line = lines[at];
         if (line == " ") {
             if (!group.lines.empty()) {
-                report.faults.push_back("group without summary before a dividing line");
+                fault(line, "group without summary before a dividing line");
             }
-        } else if (report_reader::IsSummaryLine(line)) {
-            reader.SummaryOf(line, group);
+        } else if (line.size() == 17 && line[10] == '(' && line[16] == ')') {
+            // "   (20.00)(  160)" with a price, "          (    3)" without.
+            const std::size_t open = line.find('(');
+            const auto bars = Number(line, 11, 5);
+            group.price = r.money && open < 9 ? Number(line, open + 1, 8 - open) : std::nullopt;
+            if (!bars ||
+                (r.money ? line[9] != ')' || !group.price : !line.starts_with("          "))) {
+                fault(line, "group summary out of place");
+            }
+            group.bars = static_cast<int>(bars.value_or(0));
+            r.groups.push_back(group);
             group = ReportGroup{};
+        } else if (const auto cut = report_reader::ReadCuttingLine(line, body, r)) {
+            group.lines.push_back(*cut);
         } else {
-            reader.CuttingLineOf(line, group);
+            fault(line, "cutting line out of its layout");
         }
     }
     if (!group.lines.empty()) {
-        report.faults.push_back("cutting lines after the last summary");
+        fault(lines[at - 1], "cutting lines after the last summary");
     }
-    if (at == lines.size()) {
-        report.faults.push_back("no foot");
-        return report;
+    if (at + 4 > lines.size()) {
+        fault(lines.back(), "foot too short");
+        return r;
     }
-    reader.Foot(lines, at);
-    return report;
+    // The foot: its rule, the method line, the total cost and its underline.
+    const std::string& method = lines[at + 1];
+    r.methodLabel = method.substr(0, 21);
+    if (r.wasteSummary) {
+        const auto totals = report_reader::ReadWaste(method, body, r.money, false);
+        if (!totals) {
+            fault(method, "waste totals out of place");
+        }
+        r.wasteTotals = totals.value_or(WasteColumns{-1, -1, -1, {}});
+    }
+    const std::string& cost = lines[at + 2];
+    if (r.money) {
+        r.totalCost = Number(cost, 19, 14);
+        if (!cost.starts_with("Total  Cost    =>  ") || !r.totalCost) {
+            fault(cost, "total cost out of place");
+        }
+    }
+    return r;
 }
 
 }  // namespace brennik::testing

@@ -20,37 +20,52 @@ TEST(PageWidthFrom, TestsTheRangeBeforeRoundingHalvesToEven) {
     }
 }
 
-TEST(LoadSettings, FirstStartWritesTheDefaultsAtOnce) {
+TEST(Settings, FirstStartWritesTheDefaultsAndOkWritesThePanel) {
     Bench bench;
     bench.m.PageWidth = 0;
     LoadSettings(bench.m, bench.surface, bench.files);
     EXPECT_EQ(bench.Read("brennik.cnf"), "#FALSE#,#FALSE#,66\r\n");
-    EXPECT_FALSE(bench.m.ShowWasteSummary);
-    EXPECT_FALSE(bench.m.ShowReference);
     EXPECT_EQ(bench.m.PageWidth, 66);
-}
 
-TEST(LoadSettings, ReadsWhatApplySettingsWrote) {
-    Bench bench;
+    // The panel shows the values in force; nothing counts before Ok.
+    bench.m.ShowReference = kTrue;
+    OpenSettingsPanel(bench.m, bench.surface);
+    EXPECT_TRUE(bench.surface.State({Ctl::Frame1}).visible);
+    EXPECT_EQ(bench.surface.Text({Ctl::Text7}), " 66");
+    EXPECT_TRUE(bench.surface.Value({Ctl::Check3}));
+    EXPECT_FALSE(bench.surface.Value({Ctl::Check2}));
     bench.surface.SetValue({Ctl::Check2}, true);
     bench.surface.SetValue({Ctl::Check3}, false);
     bench.surface.SetText({Ctl::Text7}, "99.5");
+    EXPECT_EQ(bench.m.ShowWasteSummary, kFalse);
+
     ApplySettings(bench.m, bench.surface, bench.files);
     EXPECT_EQ(bench.Read("brennik.cnf"), "#TRUE#,#FALSE#,100\r\n");
     EXPECT_FALSE(bench.surface.State({Ctl::Frame1}).visible);
-
     Module1 fresh;
     LoadSettings(fresh, bench.surface, bench.files);
     EXPECT_EQ(fresh.ShowWasteSummary, kTrue);
     EXPECT_EQ(fresh.ShowReference, kFalse);
     EXPECT_EQ(fresh.PageWidth, 100);
+
+    // A width out of range counts as 66, and the panel shows that, not what was typed.
+    bench.surface.SetText({Ctl::Text7}, "300");
+    ApplySettings(bench.m, bench.surface, bench.files);
+    OpenSettingsPanel(bench.m, bench.surface);
+    EXPECT_EQ(bench.surface.Text({Ctl::Text7}), " 66");
+
+    // A file that cannot be written does not keep the settings from applying.
+    testing::FailingFiles failing(bench.files, testing::FileOp::Write, 1);
+    bench.surface.SetText({Ctl::Text7}, "120");
+    ApplySettings(bench.m, bench.surface, failing);
+    EXPECT_EQ(bench.m.PageWidth, 120);
+    EXPECT_EQ(bench.Status(), " Cannot write the settings file !.");
 }
 
-TEST(LoadSettings, GarbageLeavesFlagsFalseAndAUsablePageWidth) {
+TEST(Settings, DamagedFileLeavesFlagsFalseAndAUsablePageWidth) {
     const std::vector<std::tuple<std::string, bool, bool, int>> cases = {
         {"", false, false, 66},
         {"#TRUE#", true, false, 66},
-        {"#TRUE#,#TRUE#", true, true, 66},
         {"#TRUE#,#TRUE#,0", true, true, 66},
         {"#TRUE#,#TRUE#,70abc", true, true, 66},
         {"#TRUE#,#TRUE#,32768", true, true, 66},
@@ -66,38 +81,6 @@ TEST(LoadSettings, GarbageLeavesFlagsFalseAndAUsablePageWidth) {
         EXPECT_EQ(bench.m.PageWidth, width) << contents;
         EXPECT_EQ(bench.Read("brennik.cnf"), contents) << "a damaged file is not repaired";
     }
-}
-
-TEST(SettingsPanel, ShowsTheValuesInForceNotWhatWasTyped) {
-    Bench bench;
-    bench.m.PageWidth = 66;
-    bench.m.ShowReference = kTrue;
-    OpenSettingsPanel(bench.m, bench.surface);
-    EXPECT_TRUE(bench.surface.State({Ctl::Frame1}).visible);
-    EXPECT_EQ(bench.surface.Text({Ctl::Text7}), " 66");
-    EXPECT_TRUE(bench.surface.Value({Ctl::Check3}));
-    EXPECT_FALSE(bench.surface.Value({Ctl::Check2}));
-
-    bench.surface.SetText({Ctl::Text7}, "300");
-    bench.surface.SetValue({Ctl::Check2}, true);
-    EXPECT_EQ(bench.m.ShowWasteSummary, kFalse) << "nothing counts before Ok";
-    ApplySettings(bench.m, bench.surface, bench.files);
-    OpenSettingsPanel(bench.m, bench.surface);
-    EXPECT_EQ(bench.surface.Text({Ctl::Text7}), " 66");
-    EXPECT_EQ(bench.m.ShowWasteSummary, kTrue);
-}
-
-TEST(SettingsPanel, FailedWriteIsToldAndTheSettingsStillApply) {
-    Bench bench;
-    LoadSettings(bench.m, bench.surface, bench.files);
-    testing::FailingFiles failing(bench.files, testing::FileOp::Write, 1);
-    bench.surface.SetValue({Ctl::Check2}, true);
-    bench.surface.SetText({Ctl::Text7}, "100");
-    ApplySettings(bench.m, bench.surface, failing);
-    EXPECT_EQ(bench.Status(), " Cannot write the settings file !.");
-    EXPECT_EQ(bench.m.PageWidth, 100);
-    EXPECT_FALSE(bench.surface.State({Ctl::Frame1}).visible);
-    EXPECT_EQ(bench.Read("brennik.cnf"), "#FALSE#,#FALSE#,66\r\n");
 }
 
 }  // namespace

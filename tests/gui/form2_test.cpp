@@ -14,6 +14,17 @@
 
 namespace brennik {
 
+const QStringList kTwelveStock = {"12", "12"};
+const QStringList kTwelveCuts = {"7.5", "20", "4.5", "21", "5.1", "24", "6.5", "25"};
+const QString kTwelveFile = "12,12\r\n , \r\n7.5,20\r\n4.5,21\r\n5.1,24\r\n6.5,25\r\n";
+const QStringList kFeetStock = {"20", "21", "18", "17.5", "15", "14.5", "14", "13.5", "12", "13"};
+const QStringList kFeetCuts = {"7.5", "98", "7.3", "65", "4.4", "67", "6.3", "87", "5.5", "32",
+                               "9.3", "51", "7.1", "43", "2.4", "47", "1.9", "56", "3.4", "18"};
+
+const QColor kRed(255, 0, 0);
+const QColor kBlue(0, 0, 255);
+const QColor kWhite(255, 255, 255);
+
 class Form2Test : public QObject {
     Q_OBJECT
 
@@ -28,31 +39,19 @@ private:
         QTest::keyClicks(box, text);
     }
 
-    void TypeBarOfTwelve() {
-        Type(C().txtSL[1], "12");
-        Type(C().txtSP[1], "12");
-        const QStringList cuts = {"7.5", "20", "4.5", "21", "5.1", "24", "6.5", "25"};
-        for (int row = 1; row <= 4; ++row) {
-            Type(C().txtL[row], cuts[2 * row - 2]);
-            Type(C().txtN[row], cuts[2 * row - 1]);
+    // Types (length, price) or (length, quantity) pairs into the rows from the first.
+    void TypeRows(const QStringList& stock, const QStringList& cuts) {
+        for (int k = 0; k + 1 < stock.size(); k += 2) {
+            Type(C().txtSL[k / 2 + 1], stock[k]);
+            Type(C().txtSP[k / 2 + 1], stock[k + 1]);
+        }
+        for (int k = 0; k + 1 < cuts.size(); k += 2) {
+            Type(C().txtL[k / 2 + 1], cuts[k]);
+            Type(C().txtN[k / 2 + 1], cuts[k + 1]);
         }
     }
 
-    void TypeFeetProblem() {
-        const QStringList stock = {"20",   "21", "18",   "17.5", "15",
-                                   "14.5", "14", "13.5", "12",   "13"};
-        for (int row = 1; row <= 5; ++row) {
-            Type(C().txtSL[row], stock[2 * row - 2]);
-            Type(C().txtSP[row], stock[2 * row - 1]);
-        }
-        const QStringList cuts = {"7.5", "98", "7.3", "65", "4.4", "67", "6.3", "87", "5.5", "32",
-                                  "9.3", "51", "7.1", "43", "2.4", "47", "1.9", "56", "3.4", "18"};
-        for (int row = 1; row <= 10; ++row) {
-            Type(C().txtL[row], cuts[2 * row - 2]);
-            Type(C().txtN[row], cuts[2 * row - 1]);
-        }
-    }
-
+    void Click(QAbstractButton* button) { QTest::mouseClick(button, Qt::LeftButton); }
     QColor Back(QLineEdit* box) const { return box->palette().color(QPalette::Base); }
     QColor Fore(QLineEdit* box) const { return box->palette().color(QPalette::Text); }
     QString FileText(const QString& name) const {
@@ -74,161 +73,140 @@ private slots:
         folder_.reset();
     }
 
-    void loadSelectsMethodAAndWritesTheSettings() {
+    void methodASolvesAfterTheFirstStart() {
         QVERIFY(C().Option1->isChecked());
         QVERIFY(!C().Check1->isChecked());
         QVERIFY(!C().Frame1->isVisible());
         QCOMPARE(FileText("brennik.cnf"), QString("#FALSE#,#FALSE#,66\r\n"));
-    }
-
-    void methodASolvesTheBarOfTwelve() {
-        TypeBarOfTwelve();
-        QTest::mouseClick(C().cmdFind, Qt::LeftButton);
+        TypeRows(kTwelveStock, kTwelveCuts);
+        Click(C().cmdFind);
         QCOMPARE(C().txtLong->text(), QString(" Done !."));
-        QCOMPARE(Back(C().txtLong), QColor(255, 0, 0));
+        QCOMPARE(Back(C().txtLong), kRed);
         QCOMPARE(Fore(C().txtLong), QColor(255, 255, 0));
         QCOMPARE(C().Text3->text(), QString("             540"));
         QCOMPARE(C().Text2[1]->text().trimmed(), QString("10.6"));
         QCOMPARE(C().Text1[2]->text().trimmed(), QString("1.96"));
         QCOMPARE(C().txtMon[1]->text(), QString("      45"));
-        QCOMPARE(Back(C().Text3), QColor(255, 255, 255));
+        QCOMPARE(Back(C().Text3), kWhite);
         QCOMPARE(C().cmdHelpTip->text(), QString("Help Tip"));
         QCOMPARE(C().ProgressBar1->value(), 0);
         QVERIFY(FileText("last.sol").contains("Method Used    => A  "));
     }
 
-    void methodBAdvancedFindsTheBetterSolution() {
-        TypeFeetProblem();
+    void advancedFindsABetterSolutionForMethodBOnly() {
+        TypeRows(kFeetStock, kFeetCuts);
         C().Option2->setChecked(true);
         C().Check1->setChecked(true);
-        QTest::mouseClick(C().cmdFind, Qt::LeftButton);
+        Click(C().cmdFind);
         QCOMPARE(C().txtLong->text(), QString(" Found a Better Solution !."));
-        QCOMPARE(Fore(C().txtLong), QColor(0, 0, 255));
+        QCOMPARE(Fore(C().txtLong), kBlue);
         const QStringList bars = {"9", "105", "77", "2", "4"};
         for (int row = 1; row <= 5; ++row) {
             QCOMPARE(C().txtMat[row]->text().trimmed(), bars[row - 1]);
         }
         QCOMPARE(C().txtSL[1]->text(), QString("20"));
         QCOMPARE(C().Text6->text().trimmed(), QString("3222"));
-        QVERIFY(C().Check1->isChecked());
         QVERIFY(FileText("last.sol").contains("Method Used    => BA "));
-    }
 
-    void methodAAdvancedFindsNothingBetter() {
-        TypeFeetProblem();
-        C().Check1->setChecked(true);
-        QTest::mouseClick(C().cmdFind, Qt::LeftButton);
+        C().Option1->setChecked(true);
+        Click(C().cmdFind);
         QCOMPARE(C().txtLong->text(), QString(" Sorry,  No Better Solution."));
-        QCOMPARE(Back(C().txtLong), QColor(255, 255, 255));
+        QCOMPARE(Back(C().txtLong), kWhite);
         QCOMPARE(C().txtMon[2]->text().trimmed(), QString("110"));
         QCOMPARE(C().txtMon[1]->text().trimmed(), QString());
     }
 
-    void badEntryTurnsItsRowRedAndTakesTheFocus() {
-        TypeBarOfTwelve();
+    void badEntryTurnsItsRowRedAndAMissingPriceSwitchesToMethodB() {
+        TypeRows(kTwelveStock, kTwelveCuts);
         Type(C().txtN[3], "-2");
         Type(C().txtN[4], "abc");
-        QTest::mouseClick(C().cmdFind, Qt::LeftButton);
+        Click(C().cmdFind);
         QCOMPARE(C().txtLong->text(), QString(" Unacceptable Entry !."));
-        QCOMPARE(Fore(C().txtLong), QColor(255, 0, 0));
-        QCOMPARE(Fore(C().txtL[3]), QColor(255, 0, 0));
-        QCOMPARE(Fore(C().txtN[3]), QColor(255, 0, 0));
+        QCOMPARE(Fore(C().txtLong), kRed);
+        QCOMPARE(Fore(C().txtL[3]), kRed);
+        QCOMPARE(Fore(C().txtN[3]), kRed);
         QCOMPARE(Fore(C().txtL[4]), QColor(0, 0, 0));
         QCOMPARE(QApplication::focusWidget(), C().txtL[3]);
         QVERIFY(!QFile::exists(folder_->filePath("last.sol")));
-    }
 
-    void missingPriceSwitchesToMethodB() {
-        TypeBarOfTwelve();
+        TypeRows(kTwelveStock, kTwelveCuts);
         Type(C().txtSL[2], "6");
-        QTest::mouseClick(C().cmdFind, Qt::LeftButton);
+        Click(C().cmdFind);
         QVERIFY(C().Option2->isChecked());
         QCOMPARE(C().txtLong->text(), QString(" Done !."));
-        QCOMPARE(Back(C().txtLong), QColor(0, 0, 255));
+        QCOMPARE(Back(C().txtLong), kBlue);
+        QCOMPARE(Fore(C().txtL[3]), QColor(0, 0, 0));
         QCOMPARE(C().Text6->text(), QString());
     }
 
     void saveNewAndLoadGoThroughTheDialogs() {
-        TypeBarOfTwelve();
+        TypeRows(kTwelveStock, kTwelveCuts);
         const QString path = folder_->filePath("bar.pro");
         form_->Surface().SetNextFileName(path);
-        QTest::mouseClick(C().cmdSave, Qt::LeftButton);
-        QCOMPARE(FileText("bar.pro"),
-                 QString("12,12\r\n , \r\n7.5,20\r\n4.5,21\r\n5.1,24\r\n6.5,25\r\n"));
-
-        QTest::mouseClick(C().cmdNew, Qt::LeftButton);
+        Click(C().cmdSave);
+        QCOMPARE(FileText("bar.pro"), kTwelveFile);
+        Click(C().cmdNew);
         QCOMPARE(C().txtSL[1]->text(), QString());
         QCOMPARE(C().txtL[4]->text(), QString());
-
         form_->Surface().SetNextFileName(path);
-        QTest::mouseClick(C().cmdLoad, Qt::LeftButton);
+        Click(C().cmdLoad);
         QCOMPARE(C().txtSL[1]->text(), QString("12"));
         QCOMPARE(C().txtN[4]->text(), QString("25"));
-
         form_->Surface().SetNextFileName("");  // a cancelled Load leaves an empty form
-        QTest::mouseClick(C().cmdLoad, Qt::LeftButton);
+        Click(C().cmdLoad);
         QCOMPARE(C().txtSL[1]->text(), QString());
     }
 
     void settingsPanelAppliesOnOk() {
-        QTest::mouseClick(C().cmdConfig, Qt::LeftButton);
+        Click(C().cmdConfig);
         QVERIFY(C().Frame1->isVisible());
         QCOMPARE(C().Text7->text(), QString(" 66"));
         C().Check2->setChecked(true);
         Type(C().Text7, "99.5");
-        QTest::mouseClick(C().Command1, Qt::LeftButton);
+        Click(C().Command1);
         QVERIFY(!C().Frame1->isVisible());
         QCOMPARE(FileText("brennik.cnf"), QString("#TRUE#,#FALSE#,100\r\n"));
-        QTest::mouseClick(C().cmdConfig, Qt::LeftButton);
+        Click(C().cmdConfig);
         QCOMPARE(C().Text7->text(), QString(" 100"));
     }
 
-    void exitWritesLastPro() {
-        TypeBarOfTwelve();
-        QTest::mouseClick(C().cmdExit, Qt::LeftButton);
-        QVERIFY(!form_->isVisible());
-        QCOMPARE(FileText("last.pro"),
-                 QString("12,12\r\n , \r\n7.5,20\r\n4.5,21\r\n5.1,24\r\n6.5,25\r\n"));
-    }
-
-    void closingByTheFrameWritesNoLastPro() {
-        TypeBarOfTwelve();
+    void exitWritesLastProButClosingByTheFrameDoesNot() {
+        TypeRows(kTwelveStock, kTwelveCuts);
         form_->close();
         QVERIFY(!QFile::exists(folder_->filePath("last.pro")));
+        form_->show();
+        Click(C().cmdExit);
+        QVERIFY(!form_->isVisible());
+        QCOMPARE(FileText("last.pro"), kTwelveFile);
     }
 
     void helpTipOpensBesideTheFormWithoutBlockingIt() {
-        QTest::mouseClick(C().cmdHelpTip, Qt::LeftButton);
+        Click(C().cmdHelpTip);
         QWidget* tip = nullptr;
         for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (window->windowTitle() == "Form3" && window->isVisible()) {
-                tip = window;
-            }
+            tip = window->windowTitle() == "Form3" && window->isVisible() ? window : tip;
         }
         QVERIFY(tip != nullptr);
         QVERIFY(!tip->isModal());
         const auto* hints = tip->findChild<QPlainTextEdit*>();
         QVERIFY(hints != nullptr);
         QCOMPARE(hints->toPlainText(), QString::fromLatin1(Form3::HintText()).remove('\r'));
-        TypeBarOfTwelve();  // the main form goes on working beside it
-        QTest::mouseClick(C().cmdFind, Qt::LeftButton);
+        TypeRows(kTwelveStock, kTwelveCuts);
+        Click(C().cmdFind);
         QCOMPARE(C().txtLong->text(), QString(" Done !."));
         tip->close();
     }
 
-    void dialogFiltersTakeQtsForm() {
+    void dialogFiltersAndProgramFolder() {
         QCOMPARE(QtSurface::QtFilter(" Brennik  problem  files  (*.pro)|*.pro| Microsoft  Excel "
                                      "comma delimited files  (*.csv)|*.csv| All  files  (*.*)|*.*"),
                  QString("Brennik  problem  files  (*.pro);;Microsoft  Excel comma delimited "
                          "files  (*.csv);;All  files  (*)"));
-    }
-
-    void programFolderIsUsedOnlyWhereItIsWritableAndNotInstalled() {
+        // The program's own folder serves only where it is writable and not installed.
         QTemporaryDir portable;
-        QCOMPARE(ChooseAppFolder(portable.path(), "/usr/local/bin"),
-                 QFileInfo(portable.path()).canonicalFilePath());
-        QVERIFY(ChooseAppFolder(portable.path(), portable.path()) !=
-                QFileInfo(portable.path()).canonicalFilePath());
+        const QString canonical = QFileInfo(portable.path()).canonicalFilePath();
+        QCOMPARE(ChooseAppFolder(portable.path(), "/usr/local/bin"), canonical);
+        QVERIFY(ChooseAppFolder(portable.path(), portable.path()) != canonical);
     }
 
     void entryBoxesTakeSevenTypedCharacters() {
@@ -248,17 +226,14 @@ private slots:
             visited.push_back(QApplication::focusWidget());
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         }
-        QCOMPARE(visited[1], static_cast<QWidget*>(C().txtSP[1]));
-        QCOMPARE(visited[2], static_cast<QWidget*>(C().txtSL[2]));
-        QCOMPARE(visited[12], static_cast<QWidget*>(C().txtL[1]));
-        QCOMPARE(visited[13], static_cast<QWidget*>(C().txtN[1]));
-        QCOMPARE(visited[91], static_cast<QWidget*>(C().txtN[40]));
-        QCOMPARE(visited[92], static_cast<QWidget*>(C().cmdFind));
-        // Tab stops at the selected one of the two option buttons only.
-        QCOMPARE(visited[99], static_cast<QWidget*>(C().Option1));
-        QCOMPARE(visited[100], static_cast<QWidget*>(C().Check1));
-        QCOMPARE(visited[101], static_cast<QWidget*>(C().cmdConfig));
-        QCOMPARE(visited[102], static_cast<QWidget*>(C().txtSL[1]));
+        // (place in the tab order, widget); Tab stops at the selected option button only.
+        const QList<QPair<int, QWidget*>> stops = {
+            {1, C().txtSP[1]},    {2, C().txtSL[2]},  {12, C().txtL[1]}, {13, C().txtN[1]},
+            {91, C().txtN[40]},   {92, C().cmdFind},  {99, C().Option1}, {100, C().Check1},
+            {101, C().cmdConfig}, {102, C().txtSL[1]}};
+        for (const auto& [place, widget] : stops) {
+            QCOMPARE(visited[place], widget);
+        }
         for (int row = 1; row <= MaxStdLengths; ++row) {
             QVERIFY(!visited.contains(C().txtMon[row]));
             QVERIFY(!visited.contains(C().txtMat[row]));
