@@ -162,10 +162,10 @@ void AdvancedSearch(Module1& m, Surface& surface,
 
     // Every attempt's arrangement is known before the first one runs, and each pass depends on
     // its arrangement alone: the passes are worked out ahead, side by side, and the attempts
-    // then take them in their order, comparing one after the other as before.
+    // take them in their order, comparing one after the other as before.
     const std::vector<StdRows<uint8_t>> counters = AttemptCounters(m.StdCount);
     const std::vector<Arrangement> arrangements = AttemptArrangements(counters);
-    const std::map<Arrangement, PassOutcome> outcomes = OutcomesOf(m, arrangements);
+    PassesAhead passes(m, arrangements);
     const int total = Factorial(m.StdCount);
     const std::vector<Control> boxes = SearchBoxes(m);
     PaintBoxes(boxes, surface, Yellow);
@@ -175,7 +175,7 @@ void AdvancedSearch(Module1& m, Surface& surface,
         ++m.SeqStep;
         ShowSearchProgress(m, surface, total);
         Rearrange(m);
-        RunCuttingPass(m, surface, outcomes.at(arrangements[attempt]));
+        RunCuttingPass(m, surface, passes.Of(arrangements[attempt]));
         if (ImprovesOnBest(m)) {
             m.BetterFound = kTrue;
             SaveBestSequence(m);

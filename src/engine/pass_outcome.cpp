@@ -1,7 +1,6 @@
 #include "engine/pass_outcome.h"
 
 #include <algorithm>
-#include <future>
 #include <thread>
 
 #include "engine/cutting_pass.h"
@@ -79,35 +78,60 @@ void PassOutcome::RestoreInto(Module1& m) const {
     m.BarsUsedB = BarsUsedB;
 }
 
-std::map<Arrangement, PassOutcome> OutcomesOf(const Module1& m,
-                                              const std::vector<Arrangement>& arrangements) {
-    std::vector<Arrangement> distinct = arrangements;
-    std::sort(distinct.begin(), distinct.end());
-    distinct.erase(std::unique(distinct.begin(), distinct.end()), distinct.end());
-
-    const std::size_t workers = std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1,
-                                                        distinct.size() == 0 ? 1 : distinct.size());
-    // Worker w takes every w-th arrangement; each has its own copy of the block and, being a
-    // thread of its own, its own memory of patterns.
-    std::vector<std::future<std::vector<PassOutcome>>> shares;
-    for (std::size_t w = 0; w < workers; ++w) {
-        shares.push_back(std::async(std::launch::async, [&m, &distinct, w, workers] {
-            auto work = std::make_unique<Module1>(m);
-            std::vector<PassOutcome> outcomes;
-            for (std::size_t k = w; k < distinct.size(); k += workers) {
-                outcomes.push_back(RunLoop(*work, m, distinct[k]));
-            }
-            return outcomes;
-        }));
-    }
-    std::map<Arrangement, PassOutcome> outcomes;
-    for (std::size_t w = 0; w < workers; ++w) {
-        std::vector<PassOutcome> share = shares[w].get();
-        for (std::size_t k = w, j = 0; k < distinct.size(); k += workers, ++j) {
-            outcomes.emplace(distinct[k], share[j]);
+PassesAhead::PassesAhead(const Module1& m, const std::vector<Arrangement>& arrangements)
+    : start_(std::make_unique<const Module1>(m)) {
+    for (const Arrangement& arrangement : arrangements) {
+        if (indexOf_.emplace(arrangement, distinct_.size()).second) {
+            distinct_.push_back(arrangement);
         }
     }
-    return outcomes;
+    outcomes_.resize(distinct_.size());
+    ready_.assign(distinct_.size(), false);
+    const std::size_t workers = std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1,
+                                                        std::max<std::size_t>(distinct_.size(), 1));
+    for (std::size_t w = 0; w < workers; ++w) {
+        workers_.emplace_back([this] { Work(); });
+    }
+}
+
+PassesAhead::~PassesAhead() {
+    stop_ = true;
+    for (std::thread& worker : workers_) {
+        worker.join();
+    }
+}
+
+// Each worker has its own copy of the block and, being a thread of its own, its own memory of
+// patterns; it takes the next arrangement that no worker has taken yet.
+void PassesAhead::Work() {
+    try {
+        auto work = std::make_unique<Module1>(*start_);
+        for (std::size_t k = next_++; k < distinct_.size() && !stop_; k = next_++) {
+            PassOutcome outcome = RunLoop(*work, *start_, distinct_[k]);
+            {
+                std::lock_guard<std::mutex> lock(mutex_);
+                outcomes_[k] = outcome;
+                ready_[k] = true;
+            }
+            readyChanged_.notify_all();
+        }
+    } catch (...) {
+        {
+            std::lock_guard<std::mutex> lock(mutex_);
+            failure_ = std::current_exception();
+        }
+        readyChanged_.notify_all();
+    }
+}
+
+const PassOutcome& PassesAhead::Of(const Arrangement& arrangement) {
+    const std::size_t k = indexOf_.at(arrangement);
+    std::unique_lock<std::mutex> lock(mutex_);
+    readyChanged_.wait(lock, [this, k] { return ready_[k] || failure_ != nullptr; });
+    if (!ready_[k]) {
+        std::rethrow_exception(failure_);
+    }
+    return outcomes_[k];
 }
 
 }  // namespace brennik

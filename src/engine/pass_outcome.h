@@ -4,8 +4,14 @@
 // comes, with the same effect as running the loop there and then.
 #pragma once
 
+#include <atomic>
+#include <condition_variable>
 #include <cstdint>
+#include <exception>
 #include <map>
+#include <memory>
+#include <mutex>
+#include <thread>
 #include <vector>
 
 #include "state/module1.h"
@@ -35,9 +41,36 @@ struct PassOutcome {
 // An arrangement as the rows of the original order that stand in rows 1 to 6.
 using Arrangement = std::array<uint8_t, MaxStdLengths>;
 
-// The cutting loop of a pass in each arrangement, run on copies of `m` (classified, with its
-// master list and TotalPieces set) in as many threads as the machine has cores.
-std::map<Arrangement, PassOutcome> OutcomesOf(const Module1& m,
-                                              const std::vector<Arrangement>& arrangements);
+// The cutting loops of a search's passes, worked out ahead in as many threads as the machine
+// has cores: each distinct arrangement once, in the order in which the attempts first need
+// them. An attempt takes its outcome as soon as it is there, so the search goes on showing its
+// progress while later passes are still being worked out.
+class PassesAhead {
+public:
+    // `m` is classified, with its master list and TotalPieces set; the passes start from a
+    // copy of it, so that the search may go on changing it.
+    PassesAhead(const Module1& m, const std::vector<Arrangement>& arrangements);
+    ~PassesAhead();
+    PassesAhead(const PassesAhead&) = delete;
+    PassesAhead& operator=(const PassesAhead&) = delete;
+
+    // The outcome of one of the arrangements given, once it is worked out.
+    const PassOutcome& Of(const Arrangement& arrangement);
+
+private:
+    void Work();
+
+    std::unique_ptr<const Module1> start_;
+    std::vector<Arrangement> distinct_;
+    std::map<Arrangement, std::size_t> indexOf_;
+    std::vector<PassOutcome> outcomes_;
+    std::vector<bool> ready_;
+    std::exception_ptr failure_;
+    std::atomic<std::size_t> next_{0};
+    std::atomic<bool> stop_{false};
+    std::mutex mutex_;
+    std::condition_variable readyChanged_;
+    std::vector<std::thread> workers_;
+};
 
 }  // namespace brennik
