@@ -84,6 +84,8 @@ private:
     Shape shape_;
 };
 
+}  // namespace
+
 std::vector<ProblemText> WorkedExamples() {
     return {
         {{{"6.1", "30.4"}, {"5.5", "27.5"}, {"4.6", "22.3"}, {"4.3", "20.1"}, {"3.7", "18.6"}},
@@ -143,8 +145,6 @@ std::vector<ProblemText> WorkedExamples() {
           {"545", "78"}}},
     };
 }
-
-}  // namespace
 
 std::vector<Family> MakeFamilies(int perFamily, uint32_t seed, Shape shape) {
     Generator g(seed, shape);

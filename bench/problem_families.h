@@ -28,6 +28,10 @@ struct Shape {
     int maxQuantity = 0;  // 0: each family's own
 };
 
+// The five worked examples of the manual, in its order: the getting-started problem in metres,
+// then examples 1 to 4 in metres, feet, centimetres and millimetres (the last without prices).
+std::vector<ProblemText> WorkedExamples();
+
 // Every family, `perFamily` problems each, from one seed. The worked examples, which are fixed,
 // come first when the shape is full.
 std::vector<Family> MakeFamilies(int perFamily, uint32_t seed, Shape shape = {});

@@ -3,14 +3,19 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <tuple>
 
-#include "pattern_oracle.h"
+#include "plain_pattern_search.h"
 
 namespace brennik {
 namespace {
 
+using Cuts = std::vector<std::pair<float, int32_t>>;
+using Pieces = std::vector<int32_t>;
+using Found = std::tuple<Pieces, int32_t, float, float>;  // pieces, bars, waste, rate
+
 // A block holding the cutting list (longest first, as ordered) and the Method.
-Module1 ListOf(std::vector<std::pair<float, int32_t>> cuts, bool methodA = false) {
+Module1 ListOf(const Cuts& cuts, bool methodA) {
     Module1 m;
     m.CutCount = static_cast<int16_t>(cuts.size());
     for (std::size_t i = 0; i < cuts.size(); ++i) {
@@ -21,125 +26,52 @@ Module1 ListOf(std::vector<std::pair<float, int32_t>> cuts, bool methodA = false
     return m;
 }
 
-std::vector<int32_t> PiecesOf(const Module1& m, int row) {
-    std::vector<int32_t> pieces;
+// What a search wrote into row `row`; the rate is 0 in Method B, where none is written.
+Found Search(decltype(&FindBestPattern) search, Module1& m, float bar, float price, int row) {
+    m.PatternPieces.Fill(0);
+    m.RankMon.Fill(0);
+    search(m, bar, price, m.CutLength, m.CutQty, static_cast<uint8_t>(row));
+    Pieces pieces;
     for (int i = 1; i <= m.CutCount; ++i) {
         pieces.push_back(m.PatternPieces(row, i));
     }
-    return pieces;
+    return {pieces, m.PatternBars(row), m.RankMat(row, 1), m.RankMon(row, 1)};
 }
 
-using Pieces = std::vector<int32_t>;
-
-TEST(Scale100, GivesTheNearestWholeNumberOfHundredths) {
-    EXPECT_EQ(Scale100(1234.56f), 123456.0f);
-    EXPECT_EQ(Scale100(8.1f), 810.0f);
-    EXPECT_EQ(Scale100(16.2f), 1620.0f);
-    EXPECT_EQ(Scale100(99999.9f), 9999990.0f);
-    EXPECT_EQ(Scale100(0.01f), 1.0f);
-    EXPECT_EQ(Scale100(0.0f), 0.0f);
-}
-
-TEST(FindBestPattern, LongestRemainingLengthIsAlwaysInThePattern) {
-    Module1 m = ListOf({{7.5f, 20}, {6.5f, 25}, {5.1f, 24}, {4.5f, 21}});
-    FindBestPattern(m, 12, 12, m.CutLength, m.CutQty, 1);
-    EXPECT_EQ(PiecesOf(m, 1), (Pieces{1, 0, 0, 1}));
-    EXPECT_EQ(m.PatternBars(1), 20);
-    EXPECT_EQ(m.RankMat(1, 1), 0.0f);
-    EXPECT_EQ(m.RankMat(1, 2), 1.0f);
-    EXPECT_EQ(m.EngineStd, 1);
-}
-
-TEST(FindBestPattern, ExhaustedLengthPassesTheMinimumOn) {
-    Module1 m = ListOf({{7.5f, 0}, {6.5f, 25}, {5.1f, 24}, {4.5f, 1}});
-    FindBestPattern(m, 12, 12, m.CutLength, m.CutQty, 2);
-    EXPECT_EQ(PiecesOf(m, 2), (Pieces{0, 1, 1, 0}));
-    EXPECT_EQ(m.PatternBars(2), 24);
-    EXPECT_EQ(m.RankMat(2, 1), 0.4f);
-}
-
-TEST(FindBestPattern, BarExactlyAsLongAsTheFirstLength) {
-    Module1 m = ListOf({{5.4f, 3}, {4.3f, 9}, {1.1f, 9}});
-    FindBestPattern(m, 5.4f, 18, m.CutLength, m.CutQty, 1);
-    EXPECT_EQ(PiecesOf(m, 1), (Pieces{1, 0, 0}));
-    EXPECT_EQ(m.RankMat(1, 1), 0.0f);
-    EXPECT_EQ(m.PatternBars(1), 3);
-}
-
-TEST(FindBestPattern, EqualWastesKeepTheFirstPatternVisited) {
-    Module1 m = ListOf({{6, 100}, {4, 100}, {3, 100}, {2, 100}});
-    FindBestPattern(m, 12, 0, m.CutLength, m.CutQty, 1);
-    EXPECT_EQ(PiecesOf(m, 1), (Pieces{2, 0, 0, 0}));
-    EXPECT_EQ(m.PatternBars(1), 50);
-}
-
-TEST(FindBestPattern, CountsNeverExceedWhatIsLeft) {
-    Module1 m = ListOf({{1.3f, 1}});
-    FindBestPattern(m, 5.2f, 0, m.CutLength, m.CutQty, 1);
-    EXPECT_EQ(PiecesOf(m, 1), (Pieces{1}));
-    EXPECT_FLOAT_EQ(m.RankMat(1, 1), 3.9f);
-
-    Module1 seven = ListOf({{1, 7}});
-    FindBestPattern(seven, 3, 0, seven.CutLength, seven.CutQty, 1);
-    EXPECT_EQ(PiecesOf(seven, 1), (Pieces{3}));
-    EXPECT_EQ(seven.PatternBars(1), 2);
-}
-
-TEST(FindBestPattern, TwoRowsOfOneLengthAreTwoLengths) {
-    Module1 m = ListOf({{3, 2}, {3, 5}});
-    FindBestPattern(m, 10, 0, m.CutLength, m.CutQty, 1);
-    EXPECT_EQ(PiecesOf(m, 1), (Pieces{2, 1}));
-    EXPECT_EQ(m.PatternBars(1), 1);
-}
-
-TEST(FindBestPattern, TwoPiecesOfEightPointOneFillABarOfSixteenPointTwo) {
-    Module1 m = ListOf({{8.1f, 4}});
-    FindBestPattern(m, 16.2f, 0, m.CutLength, m.CutQty, 1);
-    EXPECT_EQ(PiecesOf(m, 1), (Pieces{2}));
-    EXPECT_EQ(m.RankMat(1, 1), 0.0f);
-}
-
-TEST(FindBestPattern, RowsWithoutAPatternAreMarked) {
-    Module1 m = ListOf({{6, 1}, {1, 5}}, true);
-    FindBestPattern(m, 5, 10, m.CutLength, m.CutQty, 3);  // too short for the first length
-    EXPECT_EQ(PiecesOf(m, 3), (Pieces{0, 0}));
-    EXPECT_EQ(m.PatternBars(3), 0);
-    EXPECT_EQ(m.RankMat(3, 1), NoPatternWaste);
-    EXPECT_EQ(m.RankMon(3, 1), NoPatternRate);
-    EXPECT_EQ(m.RankMon(3, 2), 3.0f);
-
-    FindBestPattern(m, 0, 0, m.CutLength, m.CutQty, 4);  // an empty row, marked twice
-    EXPECT_EQ(m.RankMat(4, 1), NoPatternWaste);
-    EXPECT_EQ(m.RankMon(4, 1), NoPatternRate);
-    EXPECT_EQ(m.PatternBars(4), 0);
-}
-
-TEST(FindBestPattern, MoneyFigureIsPricePerLengthPutToUse) {
-    Module1 m = ListOf({{5.4f, 1}, {0.55f, 1}}, true);
-    FindBestPattern(m, 6, 20, m.CutLength, m.CutQty, 1);
-    EXPECT_EQ(m.RankMon(1, 1), 2000.0f / 595.0f);
-    EXPECT_FLOAT_EQ(m.RankMat(1, 1), 0.05f);
-
-    // Bars without waste at the same price per length give the same f32 figure.
-    Module1 even = ListOf({{5.4f, 1}, {0.6f, 1}}, true);
-    FindBestPattern(even, 6, 20, even.CutLength, even.CutQty, 1);
-    FindBestPattern(even, 5.4f, 18, even.CutLength, even.CutQty, 2);
-    EXPECT_EQ(even.RankMon(1, 1), even.RankMon(2, 1));
-
-    // A pattern without a price cannot be ranked by money.
-    FindBestPattern(even, 6, 0, even.CutLength, even.CutQty, 3);
-    EXPECT_EQ(even.RankMon(3, 1), NoPatternRate);
-    EXPECT_EQ(even.PatternBars(3), 0);
-    EXPECT_EQ(even.RankMat(3, 1), 0.0f);
-}
-
-TEST(FindBestPattern, HugeCountsInALongBarAreExact) {
-    // 99999 pieces of 0.01 need a count far beyond 16 bits.
-    Module1 m = ListOf({{0.01f, 99999}});
-    FindBestPattern(m, 99999.9f, 0, m.CutLength, m.CutQty, 1);
-    EXPECT_EQ(PiecesOf(m, 1), (Pieces{99999}));
-    EXPECT_EQ(m.PatternBars(1), 1);
-    EXPECT_FLOAT_EQ(m.RankMat(1, 1), 99999.9f - 999.99f);
+// Hand-worked searches, which the plain enumeration must give too.
+TEST(FindBestPattern, WorkedCasesAndTheirEdges) {
+    const struct {
+        float bar, price;
+        Cuts cuts;
+        bool methodA;
+        Found found;
+    } cases[] = {
+        // The longest length with pieces left is always in, even where a pattern without it
+        // would waste less; an exhausted one passes that on.
+        {10, 0, {{7, 1}, {5, 2}}, false, {{1, 0}, 1, 3, 0}},
+        {12, 12, {{7.5f, 20}, {6.5f, 25}, {5.1f, 24}, {4.5f, 21}}, false, {{1, 0, 0, 1}, 20, 0, 0}},
+        {12, 12, {{7.5f, 0}, {6.5f, 25}, {5.1f, 24}}, false, {{0, 1, 1}, 24, 0.4f, 0}},
+        // Of equal wastes the first pattern visited, most pieces of the first length, is kept.
+        {12, 0, {{6, 100}, {4, 100}, {3, 100}, {2, 100}}, false, {{2, 0, 0, 0}, 50, 0, 0}},
+        {10, 0, {{3, 2}, {3, 5}}, false, {{2, 1}, 1, 1, 0}},
+        {99999.9f, 0, {{0.01f, 99999}}, false, {{99999}, 1, 98999.91f, 0}},
+        // No pattern: a bar shorter than the first length, an empty row, a row without a price.
+        {5, 10, {{6, 1}, {1, 5}}, true, {{0, 0}, 0, NoPatternWaste, NoPatternRate}},
+        {0, 0, {{6, 1}, {1, 5}}, true, {{0, 0}, 0, NoPatternWaste, NoPatternRate}},
+        {6, 0, {{5.4f, 1}, {0.6f, 1}}, true, {{1, 1}, 0, 0, NoPatternRate}},
+        {6, 20, {{5.4f, 1}, {0.55f, 1}}, true, {{1, 1}, 1, 0.05f, 2000.0f / 595.0f}},
+    };
+    int row = 0;
+    for (const auto& c : cases) {
+        SCOPED_TRACE("case " + std::to_string(&c - cases));
+        row = row % MaxStdLengths + 1;
+        Module1 m = ListOf(c.cuts, c.methodA);
+        EXPECT_EQ(Search(&FindBestPattern, m, c.bar, c.price, row), c.found);
+        EXPECT_EQ(m.EngineStd, row);
+        EXPECT_EQ(m.RankMat(row, 2), row);
+        EXPECT_EQ(m.RankMon(row, 2), c.methodA ? row : 0);
+        EXPECT_EQ(Search(&testing::PlainFindBestPattern, m, c.bar, c.price, row), c.found);
+    }
 }
 
 // Random problems with two-decimal lengths, checked call by call against the complete
@@ -150,69 +82,42 @@ void CheckAgainstTheCompleteEnumeration() {
         return std::uniform_int_distribution<int>(low, high)(random);
     };
     int callsChecked = 0;
-    int problem = 0;
-    while (problem < 2000) {
-        const int cuts = uniform(1, 8);
-        const bool methodA = uniform(0, 1) == 1;
-        // Bar lengths in hundredths with a chosen grain, so that exact and near fills both occur.
+    for (int problem = 0; problem < 2000;) {
+        // Lengths in hundredths with a chosen grain, so that exact and near fills both occur.
         const int grain = std::vector<int>{1, 5, 10, 25, 50, 100}[uniform(0, 5)];
-        std::vector<float> bars;
-        for (int r = 0; r < 3; ++r) {
-            bars.push_back(static_cast<float>(uniform(200, 1500) / grain * grain) / 100.0f);
+        float bars[3];
+        for (float& bar : bars) {
+            bar = static_cast<float>(uniform(200, 1500) / grain * grain) / 100.0f;
         }
-        std::vector<std::pair<float, int32_t>> list;
+        Cuts list;
         double combinations = 1;
-        for (int i = 0; i < cuts; ++i) {
+        for (int i = uniform(1, 8); i > 0; --i) {
             const int hundredths = std::max(grain, uniform(40, 1200) / grain * grain);
-            const int32_t quantity = uniform(1, 12);
-            list.emplace_back(static_cast<float>(hundredths) / 100.0f, quantity);
-            combinations *= std::min<double>(quantity, 1500.0 / hundredths) + 1;
+            list.emplace_back(static_cast<float>(hundredths) / 100.0f, uniform(1, 12));
+            combinations *= std::min<double>(list.back().second, 1500.0 / hundredths) + 1;
         }
         if (combinations > 3e5) {
             continue;
         }
         ++problem;
-        std::sort(list.begin(), list.end(),
-                  [](const auto& a, const auto& b) { return a.first > b.first; });
-        Module1 m = ListOf(list, methodA);
-
-        // Walk the list down by taking random patterns away, checking every state on the way.
-        while (true) {
-            std::vector<float> lengths;
-            std::vector<int32_t> quantities;
-            int32_t left = 0;
-            for (int i = 1; i <= m.CutCount; ++i) {
-                lengths.push_back(m.CutLength(i));
-                quantities.push_back(m.CutQty(i));
-                left += m.CutQty(i);
-            }
-            if (left == 0) {
-                break;
-            }
+        std::sort(list.begin(), list.end(), [](auto& a, auto& b) { return a.first > b.first; });
+        Module1 m = ListOf(list, uniform(0, 1) == 1);
+        // Take random pieces away until none are left, checking every state on the way.
+        for (int32_t left = 1; left > 0;) {
             for (int r = 1; r <= 3; ++r) {
+                const float bar = bars[r - 1];
                 const float price = static_cast<float>(uniform(0, 3000)) / 100.0f;
-                for (int i = 1; i <= m.CutCount; ++i) {
-                    m.PatternPieces(r, i) = 0;
-                }
-                FindBestPattern(m, bars[r - 1], price, m.CutLength, m.CutQty,
-                                static_cast<uint8_t>(r));
-                const testing::OraclePattern expected = testing::OracleFindBestPattern(
-                    bars[r - 1], price, lengths, quantities, methodA);
-                ASSERT_EQ(PiecesOf(m, r), expected.pieces) << "problem " << problem;
-                ASSERT_EQ(testing::OracleFindBestPattern(bars[r - 1], price, lengths, quantities,
-                                                         methodA, true)
-                              .pieces,
-                          expected.pieces)
-                    << "the plain walk's two cuts change nothing";
-                ASSERT_EQ(m.PatternBars(r), expected.bars) << "problem " << problem;
-                ASSERT_EQ(m.RankMat(r, 1), expected.rankMat) << "problem " << problem;
-                if (methodA) {
-                    ASSERT_EQ(m.RankMon(r, 1), expected.rankMon) << "problem " << problem;
-                }
+                ASSERT_EQ(Search(&FindBestPattern, m, bar, price, r),
+                          Search(&testing::PlainFindBestPattern, m, bar, price, r))
+                    << "problem " << problem << ", bar " << bar << ", price " << price;
                 ++callsChecked;
             }
             const int take = uniform(1, m.CutCount);
             m.CutQty(take) = std::max(0, m.CutQty(take) - uniform(1, 6));
+            left = 0;
+            for (int i = 1; i <= m.CutCount; ++i) {
+                left += m.CutQty(i);
+            }
         }
     }
     EXPECT_GT(callsChecked, 20000);
