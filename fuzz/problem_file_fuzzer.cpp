@@ -5,9 +5,9 @@
 // and leaves no work file behind; and the second press, reading the boxes as the first wrote
 // them back, refuses them exactly when the first did.
 //
-// Advanced repeats the whole pass for up to 720 arrangements: on forty close lengths that is
-// seconds even in a release build and most of a minute under the sanitizers, so it runs only
-// on problems of at most AdvancedCutRows cutting rows, which take a second or two at most.
+// Advanced repeats the whole pass for up to 720 arrangements: on forty lengths crowded onto the
+// longest bars that is seconds even in a release build, and slower still under the sanitizers,
+// so it runs only on problems of at most AdvancedCutRows cutting rows.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
