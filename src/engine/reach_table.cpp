@@ -101,20 +101,29 @@ void ReachTable::AddLength(int d, const uint64_t* from, uint64_t* to) {
     }
 }
 
+namespace {
+
+// Word w of `row` shifted up by `shift` bits: what a shift of the whole row puts there.
+uint64_t ShiftedWord(const uint64_t* row, std::size_t w, int64_t shift) {
+    const auto whole = static_cast<std::size_t>(shift / 64);
+    const auto part = static_cast<unsigned>(shift % 64);
+    if (w < whole) {
+        return 0;
+    }
+    uint64_t moved = row[w - whole] << part;
+    if (part != 0 && w > whole) {
+        moved |= row[w - whole - 1] >> (64 - part);
+    }
+    return moved;
+}
+
+}  // namespace
+
 // to = from | from << shift; from the top down, so that with `to` and `from` one row every
 // word reads words not yet changed.
 void ReachTable::AddShifted(const uint64_t* from, uint64_t* to, int64_t shift) {
-    const auto whole = static_cast<std::size_t>(shift / 64);
-    const auto part = static_cast<unsigned>(shift % 64);
     for (std::size_t w = words_; w-- > 0;) {
-        uint64_t moved = 0;
-        if (w >= whole) {
-            moved = from[w - whole] << part;
-            if (part != 0 && w > whole) {
-                moved |= from[w - whole - 1] >> (64 - part);
-            }
-        }
-        to[w] = from[w] | moved;
+        to[w] = from[w] | ShiftedWord(from, w, shift);
     }
 }
 
@@ -122,17 +131,8 @@ void ReachTable::AddShifted(const uint64_t* from, uint64_t* to, int64_t shift) {
 // words of `to` already final; a shift of at least a word keeps those reads below the word
 // written.
 void ReachTable::AddAnyCount(const uint64_t* from, uint64_t* to, int64_t shift) {
-    const auto whole = static_cast<std::size_t>(shift / 64);
-    const auto part = static_cast<unsigned>(shift % 64);
     for (std::size_t w = 0; w < words_; ++w) {
-        uint64_t moved = 0;
-        if (w >= whole) {
-            moved = to[w - whole] << part;
-            if (part != 0 && w > whole) {
-                moved |= to[w - whole - 1] >> (64 - part);
-            }
-        }
-        to[w] = from[w] | moved;
+        to[w] = from[w] | ShiftedWord(to, w, shift);
     }
 }
 
