@@ -209,6 +209,48 @@ private:
     int64_t budget_ = -1;  // no budget: the bar is too long for the table
 };
 
+// The cutting lengths in hundredths and how many pieces of each a bar holds. They stay the same
+// for every search of a press, so each thread works them out once for each bar, not in every
+// search; a search of other lengths starts them afresh.
+class LengthScales {
+public:
+    // The pieces of each length (1..count) that `bar` holds, for these lengths.
+    const int64_t* FitsIn(const CutRows<float>& cutLengths, int count, int64_t bar) {
+        if (count != count_ ||
+            !std::equal(&cutLengths(1), &cutLengths(1) + count, source_.begin())) {
+            count_ = count;
+            std::copy(&cutLengths(1), &cutLengths(1) + count, source_.begin());
+            for (int i = 0; i < count; ++i) {
+                lengths_[i] = static_cast<int64_t>(Scale100(source_[i]));
+            }
+            barsKnown_ = 0;
+        }
+        for (int k = 0; k < barsKnown_; ++k) {
+            if (bars_[k] == bar) {
+                return fits_[k].data();
+            }
+        }
+        const int k = barsKnown_ < KnownBars ? barsKnown_++ : static_cast<int>(bar % KnownBars);
+        bars_[k] = bar;
+        for (int i = 0; i < count; ++i) {
+            fits_[k][i] = lengths_[i] > 0 ? bar / lengths_[i] : 0;
+        }
+        return fits_[k].data();
+    }
+    // Length i (1..count) in hundredths.
+    int64_t Length(int i) const { return lengths_[i - 1]; }
+
+private:
+    // Every standard length of a problem, and the bars of the tests' random searches beside.
+    static constexpr int KnownBars = 8;
+    int count_ = -1;
+    std::array<float, MaxCutLengths> source_{};
+    std::array<int64_t, MaxCutLengths> lengths_{};
+    int barsKnown_ = 0;
+    std::array<int64_t, KnownBars> bars_{};
+    std::array<std::array<int64_t, MaxCutLengths>, KnownBars> fits_{};
+};
+
 // One memory per thread, so that searches running side by side never share one.
 PatternMemo& ThreadMemo() {
     thread_local PatternMemo memo;
@@ -245,14 +287,15 @@ void FindBestPattern(Module1& m, float stdLength, float price, const CutRows<flo
 
     // The walk covers the first length still wanted (at least one piece of it) and every later
     // length of which a piece fits; all other counts are 0.
+    thread_local LengthScales scales;
+    const int64_t* fits = scales.FitsIn(cutLengths, m.CutCount, bar);
     PatternWalk walk;
     bool firstFound = false;
     bool firstFits = false;
     for (int i = 1; i <= m.CutCount; ++i) {
         const int32_t wanted = cutQtys(i);
-        const auto length = static_cast<int64_t>(Scale100(cutLengths(i)));
-        const int64_t fits = length > 0 ? bar / length : 0;
-        const int64_t maxCount = std::min<int64_t>(fits, wanted);
+        const int64_t length = scales.Length(i);
+        const int64_t maxCount = std::min<int64_t>(fits[i - 1], wanted);
         if (!firstFound && wanted > 0) {
             firstFound = true;
             firstFits = maxCount >= 1;
