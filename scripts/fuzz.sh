@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Builds the fuzz targets with clang and runs one of them for a given time on a copy of its seed
-# corpus, so that fuzz/corpus stays as it is. Prints libFuzzer's final stats; a crash, a broken
-# property or a timeout keeps its input in build/fuzz/crashes/ and makes the script fail.
+# corpus (for the problem-file fuzzer, with the sample problems), so that fuzz/corpus stays as it
+# is. Prints libFuzzer's final stats; a crash, a broken property or a timeout keeps its input in
+# build/fuzz/crashes/ and makes the script fail.
 # Usage: scripts/fuzz.sh problem_file_fuzzer|number_texts_fuzzer|settings_fuzzer SECONDS
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -23,6 +24,10 @@ cmake --build build/fuzz --parallel --target "${targets[@]}"
 corpus=$(mktemp -d)
 trap 'rm -rf "$corpus"' EXIT
 cp -r "fuzz/corpus/$target/." "$corpus"
+# The sample problems seed the problem-file fuzzer too, without a second copy in its corpus.
+if [ "$target" = problem_file_fuzzer ]; then
+    cp samples/*.pro "$corpus"
+fi
 mkdir -p build/fuzz/crashes build/fuzz/logs
 log="build/fuzz/logs/$target.log"
 
