@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "engine/find_best_pattern.h"
+#include "engine/passes_ahead.h"
 #include "state/module1.h"
 
 namespace brennik::testing {
@@ -96,11 +97,18 @@ inline void PlainFindBestPattern(Module1& m, float stdLength, float price,
     }
 }
 
-// Runs the plain enumeration in the engine's place for as long as it lives.
+// Runs the plain enumeration in the engine's place for as long as it lives, every pass of a
+// search on its own and in its turn.
 class PlainSearchInUse {
 public:
-    PlainSearchInUse() { UsePatternSearch(&PlainFindBestPattern); }
-    ~PlainSearchInUse() { UsePatternSearch(nullptr); }
+    PlainSearchInUse() {
+        UsePatternSearch(&PlainFindBestPattern);
+        UsePlainPasses(true);
+    }
+    ~PlainSearchInUse() {
+        UsePatternSearch(nullptr);
+        UsePlainPasses(false);
+    }
     PlainSearchInUse(const PlainSearchInUse&) = delete;
     PlainSearchInUse& operator=(const PlainSearchInUse&) = delete;
 };

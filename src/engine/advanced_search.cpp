@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "engine/cutting_pass.h"
-#include "engine/pass_outcome.h"
+#include "engine/passes_ahead.h"
 #include "state/intake.h"
 #include "state/number_texts.h"
 #include "state/ordering.h"

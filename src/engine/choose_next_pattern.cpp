@@ -9,21 +9,24 @@ namespace brennik {
 
 namespace {
 
-// Stable ascending bubble sort of a ranking table on its figure. A row without a pattern (no
-// bars) goes behind every row that has one, even where a real figure reaches the markers, as
-// it can with lengths and prices near the entry limit.
+// Whether row `row`'s figure in `ranking` goes behind row `other`'s: a row without a pattern
+// (no bars) goes behind every row that has one, even where a real figure reaches the markers,
+// as it can with lengths and prices near the entry limit; otherwise the higher figure does.
+bool RanksBehind(const Module1& m, float figure, int row, float otherFigure, int other) {
+    const bool empty = m.PatternBars(row) == 0;
+    const bool otherEmpty = m.PatternBars(other) == 0;
+    if (empty != otherEmpty) {
+        return empty;
+    }
+    return figure > otherFigure;
+}
+
+// Stable ascending bubble sort of a ranking table on its figure.
 void SortRanking(Module1& m, Table<float, MaxStdLengths, 2>& ranking) {
-    auto ranksAfter = [&](int k) {
-        const bool kEmpty = m.PatternBars(static_cast<int>(ranking(k, 2))) == 0;
-        const bool nextEmpty = m.PatternBars(static_cast<int>(ranking(k + 1, 2))) == 0;
-        if (kEmpty != nextEmpty) {
-            return kEmpty;
-        }
-        return ranking(k, 1) > ranking(k + 1, 1);
-    };
     for (int p = MaxStdLengths - 1; p >= 1; --p) {
         for (int k = 1; k <= p; ++k) {
-            if (ranksAfter(k)) {
+            if (RanksBehind(m, ranking(k, 1), static_cast<int>(ranking(k, 2)), ranking(k + 1, 1),
+                            static_cast<int>(ranking(k + 1, 2)))) {
                 std::swap(ranking(k, 1), ranking(k + 1, 1));
                 std::swap(ranking(k, 2), ranking(k + 1, 2));
             }
@@ -31,9 +34,13 @@ void SortRanking(Module1& m, Table<float, MaxStdLengths, 2>& ranking) {
     }
 }
 
+const Table<float, MaxStdLengths, 2>& DecidingRanking(const Module1& m) {
+    return m.MethodA ? m.RankMon : m.RankMat;
+}
+
 }  // namespace
 
-void ChooseNextPattern(Module1& m) {
+void SearchEveryRow(Module1& m) {
     for (int r = 1; r <= MaxStdLengths; ++r) {
         m.PatternBars(r) = 0;
         m.RankMat(r, 1) = 0;
@@ -46,25 +53,41 @@ void ChooseNextPattern(Module1& m) {
     for (int r = 1; r <= MaxStdLengths; ++r) {
         search(m, m.SeqLength(r), m.SeqPrice(r), m.CutLength, m.CutQty, static_cast<uint8_t>(r));
     }
+}
 
+uint8_t RowsRankedFirst(const Module1& m) {
+    const Table<float, MaxStdLengths, 2>& ranking = DecidingRanking(m);
+    uint8_t first = 0;
+    for (int r = 1; r <= MaxStdLengths; ++r) {
+        bool beaten = false;
+        for (int other = 1; other <= MaxStdLengths && !beaten; ++other) {
+            beaten = RanksBehind(m, ranking(r, 1), r, ranking(other, 1), other);
+        }
+        if (!beaten && m.PatternBars(r) > 0) {
+            first = static_cast<uint8_t>(first | 1u << (r - 1));
+        }
+    }
+    return first;
+}
+
+void ChooseRow(Module1& m, int row) {
+    m.ChosenStd = static_cast<float>(row);
+    for (int k = 1; k <= MaxStdLengths; ++k) {
+        if (m.RankMat(k, 2) == m.ChosenStd) {
+            m.ChosenWaste = Round2(m.RankMat(k, 1));
+            break;
+        }
+    }
+    m.ChosenBars = m.PatternBars(row);
+}
+
+void ChooseNextPattern(Module1& m) {
+    SearchEveryRow(m);
     SortRanking(m, m.RankMat);
     if (m.MethodA) {
         SortRanking(m, m.RankMon);
     }
-
-    m.ChosenWaste = m.RankMat(1, 1);
-    m.ChosenStd = m.RankMat(1, 2);
-    if (m.MethodA) {
-        m.ChosenStd = m.RankMon(1, 2);
-        for (int k = 1; k <= MaxStdLengths; ++k) {
-            if (m.RankMat(k, 2) == m.ChosenStd) {
-                m.ChosenWaste = m.RankMat(k, 1);
-                break;
-            }
-        }
-    }
-    m.ChosenBars = m.PatternBars(static_cast<int>(m.ChosenStd));
-    m.ChosenWaste = Round2(m.ChosenWaste);
+    ChooseRow(m, static_cast<int>(DecidingRanking(m)(1, 2)));
 }
 
 }  // namespace brennik

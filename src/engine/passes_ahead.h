@@ -1,0 +1,59 @@
+// The cutting loops of a search's passes, worked out ahead in as many threads as the machine has
+// cores, so that each attempt finds its pass's outcome ready or nearly so.
+#pragma once
+
+#include <atomic>
+#include <condition_variable>
+#include <exception>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+#include "engine/pass_outcome.h"
+#include "engine/shared_steps.h"
+#include "state/module1.h"
+
+namespace brennik {
+
+// The plain route runs every pass on its own, step by step, in its turn on the thread that asks
+// for it: no work ahead and no steps shared. The program never takes it; the benchmark and the
+// tests set it beside the plain pattern search as the reference the engine is held to.
+void UsePlainPasses(bool plain);
+
+// Each distinct arrangement is worked out once, in the order in which the attempts first need
+// them, the passes sharing the steps they have in common. An attempt takes its outcome as soon
+// as it is there, so the search goes on showing its progress while later passes are still
+// being worked out.
+class PassesAhead {
+public:
+    // `m` is classified, with its master list and TotalPieces set; the passes start from a
+    // copy of it, so that the search may go on changing it.
+    PassesAhead(const Module1& m, const std::vector<Arrangement>& arrangements);
+    ~PassesAhead();
+    PassesAhead(const PassesAhead&) = delete;
+    PassesAhead& operator=(const PassesAhead&) = delete;
+
+    // The outcome of one of the arrangements given, once it is worked out.
+    const PassOutcome& Of(const Arrangement& arrangement);
+
+private:
+    void Work();
+
+    std::unique_ptr<const Module1> start_;
+    bool plain_ = false;
+    std::unique_ptr<SharedSteps> steps_;
+    std::vector<Arrangement> distinct_;
+    std::map<Arrangement, std::size_t> indexOf_;
+    std::vector<PassOutcome> outcomes_;
+    std::vector<bool> ready_;
+    std::exception_ptr failure_;
+    std::atomic<std::size_t> next_{0};
+    std::atomic<bool> stop_{false};
+    std::mutex mutex_;
+    std::condition_variable readyChanged_;
+    std::vector<std::thread> workers_;
+};
+
+}  // namespace brennik
