@@ -25,6 +25,7 @@ struct PassProgress {
 
     static PassProgress Of(const Module1& m);
     void RestoreInto(Module1& m) const;
+    bool operator==(const PassProgress&) const = default;
 };
 
 // The progress at the end of the loop, and the tables of its last step.
@@ -41,6 +42,7 @@ struct PassOutcome {
 
     static PassOutcome Of(const Module1& m);
     void RestoreInto(Module1& m) const;
+    bool operator==(const PassOutcome&) const = default;
 };
 
 // Sets `work`, a copy of `start`, to the beginning of a pass in `arrangement` of start's rows:

@@ -1,0 +1,77 @@
+// The passes of a search worked out ahead, sharing the steps they have in common, against each
+// pass run on its own: in every arrangement the outcome must be the same, field by field. The
+// problems are made for ties, which is where arrangements part ways.
+#include "engine/passes_ahead.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+#include "problem_fixture.h"
+
+namespace brennik {
+namespace {
+
+// Few distinct bars, some twice, priced in proportion to their length or not at all, and
+// lengths in quarters: many patterns fill a bar exactly, so rows tie on waste and on rate.
+testing::Problem TiedProblem(std::mt19937& random, bool methodA) {
+    const double bars[] = {6, 6, 3, 4.5, 12, 7.5, 9};
+    auto pick = [&](int low, int high) { return std::uniform_int_distribution(low, high)(random); };
+    testing::Problem problem;
+    problem.methodA = methodA;
+    const bool priced = methodA || pick(0, 1) == 1;
+    const int stdCount = pick(2, 6);
+    for (int r = 0; r < stdCount; ++r) {
+        const double length = bars[pick(0, 6)];
+        problem.stdLengths.push_back(length);
+        if (priced) {
+            problem.prices.push_back(pick(0, 3) == 0 ? pick(5, 40) : 2 * length);
+        }
+    }
+    const int cutCount = pick(2, 9);
+    for (int i = 0; i < cutCount; ++i) {
+        problem.cuts.push_back({0.25 * pick(2, 12), pick(1, 40)});
+    }
+    return problem;
+}
+
+// Every order of the problem's standard rows, the rows past them staying in place.
+std::vector<Arrangement> EveryArrangement(int stdCount) {
+    Arrangement arrangement;
+    for (int k = 0; k < MaxStdLengths; ++k) {
+        arrangement[k] = static_cast<uint8_t>(k + 1);
+    }
+    std::vector<Arrangement> all;
+    do {
+        all.push_back(arrangement);
+    } while (std::next_permutation(arrangement.begin(), arrangement.begin() + stdCount));
+    return all;
+}
+
+TEST(PassesAhead, SharedStepsGiveEveryArrangementTheOutcomeOfItsOwnPass) {
+    std::mt19937 random(20261123);
+    int problemsWithDifferentOutcomes = 0;
+    for (int k = 0; k < 300; ++k) {
+        Module1 m;
+        MemorySurface surface;
+        testing::LoadProblem(m, TiedProblem(random, k % 2 == 0), surface);
+        SCOPED_TRACE("problem " + std::to_string(k));
+        const std::vector<Arrangement> arrangements = EveryArrangement(m.StdCount);
+        PassesAhead passes(m, arrangements);
+        bool outcomesDiffer = false;
+        for (const Arrangement& arrangement : arrangements) {
+            Module1 alone = m;
+            StartPass(alone, m, arrangement);
+            const PassOutcome expected = FinishPass(alone);
+            ASSERT_TRUE(passes.Of(arrangement) == expected);
+            outcomesDiffer =
+                outcomesDiffer || !(expected.progress == passes.Of(arrangements[0]).progress);
+        }
+        problemsWithDifferentOutcomes += outcomesDiffer ? 1 : 0;
+    }
+    EXPECT_GT(problemsWithDifferentOutcomes, 30) << "the problems should make arrangements differ";
+}
+
+}  // namespace
+}  // namespace brennik
