@@ -63,8 +63,14 @@ void Press(const ProblemText& problem, bool methodB, const std::string& folder) 
 int main(int argc, char** argv) {
     using namespace brennik::bench;
     namespace fs = std::filesystem;
-    const fs::path folder =
-        fs::temp_directory_path() / ("brennik-bench-" + std::to_string(getpid()));
+    // The work files of a press go to memory where it can: on a disk's file system, creating and
+    // deleting them thousands of times a second makes the search for a free inode part of every
+    // press, which a user pressing now and then never meets.
+    const fs::path memory = "/dev/shm";
+    const fs::path base = fs::is_directory(memory) && access(memory.c_str(), W_OK) == 0
+                              ? memory
+                              : fs::temp_directory_path();
+    const fs::path folder = base / ("brennik-bench-" + std::to_string(getpid()));
     fs::create_directories(folder);
 
     static const std::vector<Family> families = MakeFamilies(3, 20261122);
