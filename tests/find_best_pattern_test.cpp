@@ -102,7 +102,8 @@ void CheckAgainstTheCompleteEnumeration() {
         ++problem;
         std::sort(list.begin(), list.end(), [](auto& a, auto& b) { return a.first > b.first; });
         Module1 m = ListOf(list, uniform(0, 1) == 1);
-        // Take random pieces away until none are left, checking every state on the way.
+        // Take random pieces away until none are left, checking every state on the way. Now and
+        // then some come back, as when the next pass of a search starts from the whole list.
         for (int32_t left = 1; left > 0;) {
             for (int r = 1; r <= 3; ++r) {
                 const float bar = bars[r - 1];
@@ -113,7 +114,11 @@ void CheckAgainstTheCompleteEnumeration() {
                 ++callsChecked;
             }
             const int take = uniform(1, m.CutCount);
-            m.CutQty(take) = std::max(0, m.CutQty(take) - uniform(1, 6));
+            if (uniform(0, 4) == 0) {
+                m.CutQty(take) += uniform(1, 3);
+            } else {
+                m.CutQty(take) = std::max(0, m.CutQty(take) - uniform(1, 6));
+            }
             left = 0;
             for (int i = 1; i <= m.CutCount; ++i) {
                 left += m.CutQty(i);

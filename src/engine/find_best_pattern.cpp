@@ -209,13 +209,41 @@ private:
     int64_t budget_ = -1;  // no budget: the bar is too long for the table
 };
 
-// The cutting lengths in hundredths and how many pieces of each a bar holds. They stay the same
-// for every search of a press, so each thread works them out once for each bar, not in every
-// search; a search of other lengths starts them afresh.
+// What a thread knows of one bar for the cutting lengths of the present problem: how many
+// pieces of each length it holds, and the last pattern found for it.
+struct BarFacts {
+    int64_t bar = 0;
+    std::array<int64_t, MaxCutLengths> fits{};  // by cutting row, from 0
+    // The last pattern, by cutting row, and the question it answered: the first length still
+    // wanted (0 for none yet) and the most pieces of each length allowed. It answers every later
+    // question of the same first length whose limits are no higher and still allow it: those
+    // patterns are among the ones it beat, so it stays the least waste, and the first of equals.
+    int first = 0;
+    std::array<int64_t, MaxCutLengths> most{};
+    std::array<int64_t, MaxCutLengths> counts{};
+    int64_t waste = 0;
+
+    bool Answers(int firstWanted, const std::array<int64_t, MaxCutLengths>& limits,
+                 int count) const {
+        if (first != firstWanted) {
+            return false;
+        }
+        for (int i = 0; i < count; ++i) {
+            if (limits[i] > most[i] || counts[i] > limits[i]) {
+                return false;
+            }
+        }
+        return true;
+    }
+};
+
+// The cutting lengths in hundredths and the facts of each bar. The lengths stay the same for
+// every search of a press, so each thread works them out once, not in every search; a search
+// of other lengths starts them afresh.
 class LengthScales {
 public:
-    // The pieces of each length (1..count) that `bar` holds, for these lengths.
-    const int64_t* FitsIn(const CutRows<float>& cutLengths, int count, int64_t bar) {
+    // The facts of `bar` for these lengths (1..count).
+    BarFacts& Of(const CutRows<float>& cutLengths, int count, int64_t bar) {
         if (count != count_ ||
             !std::equal(&cutLengths(1), &cutLengths(1) + count, source_.begin())) {
             count_ = count;
@@ -226,16 +254,18 @@ public:
             barsKnown_ = 0;
         }
         for (int k = 0; k < barsKnown_; ++k) {
-            if (bars_[k] == bar) {
-                return fits_[k].data();
+            if (bars_[k].bar == bar) {
+                return bars_[k];
             }
         }
         const int k = barsKnown_ < KnownBars ? barsKnown_++ : static_cast<int>(bar % KnownBars);
-        bars_[k] = bar;
+        BarFacts& facts = bars_[k];
+        facts = BarFacts{};
+        facts.bar = bar;
         for (int i = 0; i < count; ++i) {
-            fits_[k][i] = lengths_[i] > 0 ? bar / lengths_[i] : 0;
+            facts.fits[i] = lengths_[i] > 0 ? bar / lengths_[i] : 0;
         }
-        return fits_[k].data();
+        return facts;
     }
     // Length i (1..count) in hundredths.
     int64_t Length(int i) const { return lengths_[i - 1]; }
@@ -247,8 +277,7 @@ private:
     std::array<float, MaxCutLengths> source_{};
     std::array<int64_t, MaxCutLengths> lengths_{};
     int barsKnown_ = 0;
-    std::array<int64_t, KnownBars> bars_{};
-    std::array<std::array<int64_t, MaxCutLengths>, KnownBars> fits_{};
+    std::array<BarFacts, KnownBars> bars_{};
 };
 
 // One memory per thread, so that searches running side by side never share one.
@@ -288,28 +317,27 @@ void FindBestPattern(Module1& m, float stdLength, float price, const CutRows<flo
     // The walk covers the first length still wanted (at least one piece of it) and every later
     // length of which a piece fits; all other counts are 0.
     thread_local LengthScales scales;
-    const int64_t* fits = scales.FitsIn(cutLengths, m.CutCount, bar);
-    PatternWalk walk;
-    bool firstFound = false;
-    bool firstFits = false;
+    BarFacts& facts = scales.Of(cutLengths, m.CutCount, bar);
+    std::array<int64_t, MaxCutLengths> limits;
+    int first = 0;
     for (int i = 1; i <= m.CutCount; ++i) {
-        const int32_t wanted = cutQtys(i);
-        const int64_t length = scales.Length(i);
-        const int64_t maxCount = std::min<int64_t>(fits[i - 1], wanted);
-        if (!firstFound && wanted > 0) {
-            firstFound = true;
-            firstFits = maxCount >= 1;
-            if (!firstFits) {
-                break;
-            }
-            walk.Add(i, length, maxCount);
-        } else if (firstFound && maxCount > 0) {
-            walk.Add(i, length, maxCount);
+        limits[i - 1] = std::min<int64_t>(facts.fits[i - 1], std::max(cutQtys(i), 0));
+        if (first == 0 && cutQtys(i) > 0) {
+            first = i;
         }
     }
+    const bool firstFits = first > 0 && limits[first - 1] >= 1;
 
     int64_t bestWaste = bar;
-    if (firstFits) {
+    if (firstFits && facts.Answers(first, limits, m.CutCount)) {
+        bestWaste = facts.waste;
+    } else if (firstFits) {
+        PatternWalk walk;
+        for (int i = first; i <= m.CutCount; ++i) {
+            if (limits[i - 1] > 0) {
+                walk.Add(i, scales.Length(i), limits[i - 1]);
+            }
+        }
         PatternMemo& memo = ThreadMemo();
         const PatternMemo::Key key = walk.MemoKey(bar);
         if (const PatternMemo::Answer* known = memo.Find(key)) {
@@ -319,20 +347,27 @@ void FindBestPattern(Module1& m, float stdLength, float price, const CutRows<flo
             bestWaste = walk.Run(bar);
             memo.Remember(key, walk.MemoAnswer());
         }
+        facts.first = first;
+        facts.most = limits;
+        facts.counts.fill(0);
+        for (int d = 0; d < walk.Size(); ++d) {
+            facts.counts[walk.CutRow(d) - 1] = walk.BestCount(d);
+        }
+        facts.waste = bestWaste;
     }
     const bool found = firstFits && bestWaste < bar;
 
     m.RankMat(row, 2) = row;
     if (found) {
         int64_t bars = NoBarLimit;
-        bool first = true;
-        for (int d = 0; d < walk.Size(); ++d) {
-            const int64_t pieces = walk.BestCount(d);
+        bool anyPiece = false;
+        for (int i = first; i <= m.CutCount; ++i) {
+            const int64_t pieces = facts.counts[i - 1];
             if (pieces > 0) {
-                m.PatternPieces(row, walk.CutRow(d)) = static_cast<int32_t>(pieces);
-                const int64_t limit = cutQtys(walk.CutRow(d)) / pieces;
-                bars = first ? limit : std::min(bars, limit);
-                first = false;
+                m.PatternPieces(row, i) = static_cast<int32_t>(pieces);
+                const int64_t limit = cutQtys(i) / pieces;
+                bars = anyPiece ? std::min(bars, limit) : limit;
+                anyPiece = true;
             }
         }
         m.PatternBars(row) = static_cast<int32_t>(bars);
