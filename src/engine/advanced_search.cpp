@@ -1,5 +1,6 @@
 #include "engine/advanced_search.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 #include <vector>
@@ -76,43 +77,19 @@ int Factorial(int n) {
     return n <= 1 ? 1 : n * Factorial(n - 1);
 }
 
-// Steps the six counters to the next combination in which no two are equal; rows past
-// stdCount stay fixed at their own numbers. False when the outermost counter has run out.
-bool NextSequence(StdRows<uint8_t>& seqPos, int stdCount) {
-    auto distinct = [&] {
-        for (int a = 1; a <= MaxStdLengths; ++a) {
-            for (int b = a + 1; b <= MaxStdLengths; ++b) {
-                if (seqPos(a) == seqPos(b)) {
-                    return false;
-                }
-            }
-        }
-        return true;
-    };
-    do {
-        int k = stdCount;
-        while (k >= 1 && seqPos(k) == MaxStdLengths) {
-            seqPos(k) = 1;
-            --k;
-        }
-        if (k < 1) {
-            return false;
-        }
-        ++seqPos(k);
-    } while (!distinct());
-    return true;
-}
-
-// The counters of every attempt, from the identity on.
+// The counters of every attempt, from the identity on. Six nested counting loops, the first
+// outermost, that pass over every combination in which two counters are equal, with the
+// counters of rows past stdCount fixed at their own numbers, go through the orders of rows 1 to
+// stdCount in ascending order.
 std::vector<StdRows<uint8_t>> AttemptCounters(int stdCount) {
     StdRows<uint8_t> seqPos;
     for (int k = 1; k <= MaxStdLengths; ++k) {
         seqPos(k) = static_cast<uint8_t>(k);
     }
-    std::vector<StdRows<uint8_t>> attempts{seqPos};
-    while (NextSequence(seqPos, stdCount)) {
+    std::vector<StdRows<uint8_t>> attempts;
+    do {
         attempts.push_back(seqPos);
-    }
+    } while (std::next_permutation(&seqPos(1), &seqPos(1) + stdCount));
     return attempts;
 }
 

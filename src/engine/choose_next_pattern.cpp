@@ -83,6 +83,10 @@ void ChooseRow(Module1& m, int row) {
 
 void ChooseNextPattern(Module1& m) {
     SearchEveryRow(m);
+    RankEveryRow(m);
+}
+
+void RankEveryRow(Module1& m) {
     SortRanking(m, m.RankMat);
     if (m.MethodA) {
         SortRanking(m, m.RankMon);

@@ -12,13 +12,14 @@ namespace brennik {
 // Writes ChosenStd, ChosenWaste and ChosenBars; ChosenBars is 0 when no row has a pattern.
 void ChooseNextPattern(Module1& m);
 
-// The two halves of ChooseNextPattern, for the passes of a search that share their steps.
+// The parts of ChooseNextPattern, for the passes of a search that share their steps.
 // SearchEveryRow leaves each standard row's best pattern and figures in its own row of
-// PatternPieces, PatternBars, RankMat and RankMon, unranked. RowsRankedFirst then gives the rows
-// whose figures rank first, equally, as bit r - 1 for row r (0 when no row has a pattern): the
-// step chooses the one of them that stands first in the sequence, and ChooseRow sets the
-// chosen pattern to that row's.
+// PatternPieces, PatternBars, RankMat and RankMon, unranked; RankEveryRow then sorts the ranking
+// tables and chooses. Instead of ranking, RowsRankedFirst gives the rows whose figures rank
+// first, equally, as bit r - 1 for row r (0 when no row has a pattern): the step chooses the one
+// of them that stands first in the sequence, and ChooseRow sets the chosen pattern to that row's.
 void SearchEveryRow(Module1& m);
+void RankEveryRow(Module1& m);
 uint8_t RowsRankedFirst(const Module1& m);
 void ChooseRow(Module1& m, int row);
 

@@ -59,7 +59,12 @@ void ApplyChosenPattern(Module1& m) {
 }
 
 bool CutNextStep(Module1& m) {
-    ChooseNextPattern(m);
+    SearchEveryRow(m);
+    return CutRankedStep(m);
+}
+
+bool CutRankedStep(Module1& m) {
+    RankEveryRow(m);
     if (m.ChosenBars <= 0) {
         return false;
     }

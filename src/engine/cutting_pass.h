@@ -20,6 +20,9 @@ void ApplyChosenPattern(Module1& m);
 // progress.
 bool CutNextStep(Module1& m);
 
+// The same step once every row has been searched (SearchEveryRow): ranking, choice and cut.
+bool CutRankedStep(Module1& m);
+
 // The share of pieces cut, on the caption of cmdHelpTip and on ProgressBar1.
 void ShowPercentCut(const Module1& m, Surface& surface);
 

@@ -21,39 +21,54 @@ PassesAhead::PassesAhead(const Module1& m, const std::vector<Arrangement>& arran
     }
     outcomes_.resize(distinct_.size());
     ready_.assign(distinct_.size(), false);
+    taken_ = std::make_unique<std::atomic<bool>[]>(distinct_.size());
+    work_ = std::make_unique<Module1>(*start_);
     if (plain_) {
         return;
     }
+    scratch_ = std::make_unique<Module1>(*start_);
     steps_ = std::make_unique<SharedSteps>(*start_);
-    const std::size_t workers = std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1,
-                                                        std::max<std::size_t>(distinct_.size(), 1));
-    for (std::size_t w = 0; w < workers; ++w) {
-        workers_.emplace_back([this] { Work(); });
+    const std::size_t helpers = std::min<std::size_t>(
+        std::max(std::thread::hardware_concurrency(), 1u) - 1, distinct_.size() / 2);
+    for (std::size_t h = 0; h < helpers; ++h) {
+        helpers_.emplace_back([this] { Help(); });
     }
 }
 
 PassesAhead::~PassesAhead() {
     stop_ = true;
-    for (std::thread& worker : workers_) {
-        worker.join();
+    for (std::thread& helper : helpers_) {
+        helper.join();
     }
 }
 
-// Each worker has its own copies of the block and, being a thread of its own, its own memory of
-// patterns; it takes the next arrangement that no worker has taken yet.
-void PassesAhead::Work() {
+PassOutcome PassesAhead::WorkOut(std::size_t k, Module1& work, Module1& scratch) {
+    if (plain_) {
+        StartPass(work, *start_, distinct_[k]);
+        return FinishPass(work);
+    }
+    return steps_->OutcomeOf(distinct_[k], work, scratch);
+}
+
+void PassesAhead::Keep(std::size_t k, const PassOutcome& outcome) {
+    {
+        std::lock_guard<std::mutex> lock(mutex_);
+        outcomes_[k] = outcome;
+        ready_[k] = true;
+    }
+    readyChanged_.notify_all();
+}
+
+// A helper works from the last arrangement back, while the attempts take theirs from the first
+// on: the two meet in the middle, mostly on different steps.
+void PassesAhead::Help() {
     try {
         auto work = std::make_unique<Module1>(*start_);
         auto scratch = std::make_unique<Module1>(*start_);
-        for (std::size_t k = next_++; k < distinct_.size() && !stop_; k = next_++) {
-            steps_->StartBeforeLastStep(*work, *scratch, distinct_[k]);
-            PassOutcome outcome = FinishPass(*work);
-            {
-                std::lock_guard<std::mutex> lock(mutex_);
-                outcomes_[k] = outcome;
-                ready_[k] = true;
+        for (std::size_t k = distinct_.size(); k-- > 0 && !stop_;) {
+            if (!taken_[k].exchange(true)) {
+                Keep(k, WorkOut(k, *work, *scratch));
             }
-            readyChanged_.notify_all();
         }
     } catch (...) {
         {
@@ -66,14 +81,8 @@ void PassesAhead::Work() {
 
 const PassOutcome& PassesAhead::Of(const Arrangement& arrangement) {
     const std::size_t k = indexOf_.at(arrangement);
-    if (plain_) {
-        if (!ready_[k]) {
-            auto work = std::make_unique<Module1>(*start_);
-            StartPass(*work, *start_, arrangement);
-            outcomes_[k] = FinishPass(*work);
-            ready_[k] = true;
-        }
-        return outcomes_[k];
+    if (!taken_[k].exchange(true)) {
+        Keep(k, WorkOut(k, *work_, *scratch_));
     }
     std::unique_lock<std::mutex> lock(mutex_);
     readyChanged_.wait(lock, [this, k] { return ready_[k] || failure_ != nullptr; });

@@ -22,10 +22,10 @@ namespace brennik {
 // tests set it beside the plain pattern search as the reference the engine is held to.
 void UsePlainPasses(bool plain);
 
-// Each distinct arrangement is worked out once, in the order in which the attempts first need
-// them, the passes sharing the steps they have in common. An attempt takes its outcome as soon
-// as it is there, so the search goes on showing its progress while later passes are still
-// being worked out.
+// Each distinct arrangement is worked out once, the passes sharing the steps they have in
+// common: by the thread that asks for it, unless a helper, working back from the last one
+// while the attempts go forward, has taken it already. On one core there is no helper, and
+// each pass is worked out when its attempt comes.
 class PassesAhead {
 public:
     // `m` is classified, with its master list and TotalPieces set; the passes start from a
@@ -35,11 +35,13 @@ public:
     PassesAhead(const PassesAhead&) = delete;
     PassesAhead& operator=(const PassesAhead&) = delete;
 
-    // The outcome of one of the arrangements given, once it is worked out.
+    // The outcome of one of the arrangements given, worked out now if no helper has taken it.
     const PassOutcome& Of(const Arrangement& arrangement);
 
 private:
-    void Work();
+    PassOutcome WorkOut(std::size_t k, Module1& work, Module1& scratch);
+    void Keep(std::size_t k, const PassOutcome& outcome);
+    void Help();
 
     std::unique_ptr<const Module1> start_;
     bool plain_ = false;
@@ -48,12 +50,14 @@ private:
     std::map<Arrangement, std::size_t> indexOf_;
     std::vector<PassOutcome> outcomes_;
     std::vector<bool> ready_;
+    std::unique_ptr<std::atomic<bool>[]> taken_;
+    std::unique_ptr<Module1> work_;  // the asking thread's copies
+    std::unique_ptr<Module1> scratch_;
     std::exception_ptr failure_;
-    std::atomic<std::size_t> next_{0};
     std::atomic<bool> stop_{false};
     std::mutex mutex_;
     std::condition_variable readyChanged_;
-    std::vector<std::thread> workers_;
+    std::vector<std::thread> helpers_;
 };
 
 }  // namespace brennik

@@ -15,10 +15,14 @@ Arrangement StartingOrder() {
     return order;
 }
 
-// The row of `rows` (bit r - 1 for row r) that stands first in `arrangement`.
+bool Holds(uint8_t rows, int row) {
+    return (rows & 1u << (row - 1)) != 0;
+}
+
+// The row of `rows` that stands first in `arrangement`.
 int FirstIn(const Arrangement& arrangement, uint8_t rows) {
     for (uint8_t row : arrangement) {
-        if (rows & 1u << (row - 1)) {
+        if (Holds(rows, row)) {
             return row;
         }
     }
@@ -45,18 +49,30 @@ void SharedSteps::Search(Step& step, Module1& scratch) {
     step.progress.RestoreInto(scratch);
     SearchEveryRow(scratch);
     step.rankedFirst = RowsRankedFirst(scratch);
+    bool passEnds = step.rankedFirst == 0;
     for (int row = 1; row <= MaxStdLengths; ++row) {
-        if (step.rankedFirst & 1u << (row - 1)) {
+        if (Holds(step.rankedFirst, row)) {
             step.progress.RestoreInto(scratch);
             ChooseRow(scratch, row);
             ApplyChosenPattern(scratch);
             step.next[row - 1] = &Keep(PassProgress::Of(scratch));
+            passEnds = passEnds || scratch.PiecesLeft <= 0;
         }
+    }
+    if (passEnds) {
+        step.last = std::make_unique<Searches>();
+        step.last->PatternBars = scratch.PatternBars;
+        step.last->PatternPieces = scratch.PatternPieces;
+        for (int row = 1; row <= MaxStdLengths; ++row) {
+            step.last->waste(row) = scratch.RankMat(row, 1);
+            step.last->rate(row) = scratch.RankMon(row, 1);
+        }
+        step.last->EngineStd = scratch.EngineStd;
     }
 }
 
-void SharedSteps::StartBeforeLastStep(Module1& work, Module1& scratch,
-                                      const Arrangement& arrangement) {
+PassOutcome SharedSteps::OutcomeOf(const Arrangement& arrangement, Module1& work,
+                                   Module1& scratch) {
     Step* step = first_;
     for (;;) {
         std::call_once(step->searched, [&] { Search(*step, scratch); });
@@ -65,18 +81,34 @@ void SharedSteps::StartBeforeLastStep(Module1& work, Module1& scratch,
         }
         Step* next = step->next[FirstIn(arrangement, step->rankedFirst) - 1];
         if (next->progress.PiecesLeft <= 0) {
-            break;  // the pass ends with the next step
+            break;  // the pass ends with this step
         }
         step = next;
     }
+
+    // The last step in this arrangement: every row's search as it stands in it, then the
+    // ranking, the choice and the cut.
     StartPass(work, start_, arrangement);
     step->progress.RestoreInto(work);
-    const StdRows<float> usedA = work.BarsUsedA;
-    const StdRows<float> usedB = work.BarsUsedB;
+    const Searches& searches = *step->last;
     for (int k = 1; k <= MaxStdLengths; ++k) {
-        work.BarsUsedA(k) = usedA(arrangement[k - 1]);
-        work.BarsUsedB(k) = usedB(arrangement[k - 1]);
+        const int row = arrangement[k - 1];
+        work.BarsUsedA(k) = step->progress.BarsUsedA(row);
+        work.BarsUsedB(k) = step->progress.BarsUsedB(row);
+        work.PatternBars(k) = searches.PatternBars(row);
+        for (int i = 1; i <= work.CutCount; ++i) {
+            work.PatternPieces(k, i) = searches.PatternPieces(row, i);
+        }
+        work.RankMat(k, 1) = searches.waste(row);
+        work.RankMat(k, 2) = static_cast<float>(k);
+        if (work.MethodA) {
+            work.RankMon(k, 1) = searches.rate(row);
+            work.RankMon(k, 2) = static_cast<float>(k);
+        }
     }
+    work.EngineStd = searches.EngineStd;
+    CutRankedStep(work);
+    return PassOutcome::Of(work);
 }
 
 }  // namespace brennik

@@ -20,13 +20,22 @@ public:
     // `start` is classified, with its master list and TotalPieces set; arrangements name its rows.
     explicit SharedSteps(const Module1& start);
 
-    // Leaves `work` (a copy of start, used by one thread at a time) in the pass of `arrangement`
-    // just before its last step, which FinishPass then takes; the steps before it are read from
-    // those worked out so far, and the ones not yet met are worked out on `scratch`, another
-    // such copy. Threads may run this side by side, each with its own two copies.
-    void StartBeforeLastStep(Module1& work, Module1& scratch, const Arrangement& arrangement);
+    // The outcome of the pass in `arrangement`. Its steps are read from those worked out so far;
+    // the ones not yet met are worked out on `scratch`, and the last is taken on `work`: both
+    // copies of start, used by one thread at a time. Threads may run this side by side, each
+    // with its own two copies.
+    PassOutcome OutcomeOf(const Arrangement& arrangement, Module1& work, Module1& scratch);
 
 private:
+    // What the searches of a step leave, row by row: kept for a step with which a pass ends, so
+    // that its last ranking can be made in any arrangement.
+    struct Searches {
+        StdRows<int32_t> PatternBars;
+        Table<int32_t, MaxStdLengths, MaxCutLengths> PatternPieces;
+        StdRows<float> waste;
+        StdRows<float> rate;
+        uint8_t EngineStd = 0;
+    };
     // The pass after some steps: what they left, then, once the next step is worked out, the
     // rows whose patterns rank first in it and what each of them would leave.
     struct Step {
@@ -35,6 +44,7 @@ private:
         std::once_flag searched;
         uint8_t rankedFirst = 0;  // bit r - 1 for row r; 0 when no row has a pattern
         std::array<Step*, MaxStdLengths> next{};
+        std::unique_ptr<Searches> last;  // when some pass ends with this step
     };
 
     void Search(Step& step, Module1& scratch);
