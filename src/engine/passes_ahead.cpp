@@ -28,8 +28,12 @@ PassesAhead::PassesAhead(const Module1& m, const std::vector<Arrangement>& arran
     }
     scratch_ = std::make_unique<Module1>(*start_);
     steps_ = std::make_unique<SharedSteps>(*start_);
-    const std::size_t helpers = std::min<std::size_t>(
-        std::max(std::thread::hardware_concurrency(), 1u) - 1, distinct_.size() / 2);
+    // Starting a thread costs about as much as a few short passes, so a search of a few
+    // arrangements is done sooner without a helper.
+    constexpr std::size_t FewArrangements = 6;
+    const std::size_t helpers = distinct_.size() <= FewArrangements
+                                    ? 0
+                                    : std::max(std::thread::hardware_concurrency(), 1u) - 1;
     for (std::size_t h = 0; h < helpers; ++h) {
         helpers_.emplace_back([this] { Help(); });
     }

@@ -1,5 +1,6 @@
 #include "state/intake.h"
 
+#include <array>
 #include <cfloat>
 #include <cmath>
 #include <limits>
@@ -155,6 +156,33 @@ void CheckCutLengths(Module1& m, Surface& surface) {
     }
 }
 
+namespace {
+
+// The text of a standard length or price in its box, empty for none. An Advanced search shows
+// the same few values in hundreds of orders, so the texts of the last ones shown are kept.
+std::string ShownEntry(float value) {
+    if (!(value > 0)) {
+        return {};
+    }
+    struct Shown {
+        float value = 0;
+        std::string text;
+    };
+    thread_local std::array<Shown, 2 * MaxStdLengths> shown;
+    thread_local std::size_t oldest = 0;
+    for (const Shown& known : shown) {
+        if (known.value == value) {
+            return known.text;
+        }
+    }
+    Shown& kept = shown[oldest];
+    oldest = (oldest + 1) % shown.size();
+    kept = {value, FloatText(value)};
+    return kept.text;
+}
+
+}  // namespace
+
 void ShowStdEntries(const Module1& m, Surface& surface) {
     for (int row = 1; row <= MaxStdLengths; ++row) {
         if (m.MethodA) {
@@ -165,10 +193,8 @@ void ShowStdEntries(const Module1& m, Surface& surface) {
             surface.SetText({Ctl::txtMat, row}, "");
             surface.Refresh({Ctl::txtMat, row});
         }
-        surface.SetText({Ctl::txtSL, row},
-                        m.StdLength(row) > 0 ? FloatText(m.StdLength(row)) : std::string());
-        surface.SetText({Ctl::txtSP, row},
-                        m.StdPrice(row) > 0 ? FloatText(m.StdPrice(row)) : std::string());
+        surface.SetText({Ctl::txtSL, row}, ShownEntry(m.StdLength(row)));
+        surface.SetText({Ctl::txtSP, row}, ShownEntry(m.StdPrice(row)));
     }
 }
 
