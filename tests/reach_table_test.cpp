@@ -1,5 +1,5 @@
 // The table of reachable sums against sums worked out one by one, for every row and every sum
-// up to the bar, with every row kept and with only every few rows kept.
+// up to the bar, with every row kept, with only every few rows kept, and by residue.
 #include "engine/reach_table.h"
 
 #include <gtest/gtest.h>
@@ -34,9 +34,15 @@ TEST(ReachTable, EveryRowHoldsExactlyTheSumsOfItsLengths) {
         const int64_t bar = 200 + static_cast<int64_t>(random() % 1500);
         std::vector<int64_t> lengths(count), most(count);
         for (int d = 0; d < count; ++d) {
-            // Short and long lengths, so that both ways of adding counts are taken.
+            // Short and long lengths, so that both ways of adding counts are taken; and every
+            // third table one whose lengths all go in as often as they fit, the last of them
+            // short, whose rows go by residue.
+            const bool anyCount = trial % 3 == 2;
             lengths[d] = trial % 2 == 0 ? 7 + random() % 60 : 64 + random() % 300;
-            most[d] = random() % 3 == 0 ? bar / lengths[d] : random() % 5;
+            if (anyCount && d == count - 1) {
+                lengths[d] = 2 + static_cast<int64_t>(random() % (bar / 64 - 1));
+            }
+            most[d] = anyCount || random() % 3 == 0 ? bar / lengths[d] : random() % 5;
         }
         const auto expected = SumsBySuffix(lengths, most, bar);
         for (int spacing : {1, 2, 3, 5}) {

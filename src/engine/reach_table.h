@@ -1,6 +1,8 @@
 // The table of reachable sums behind the pattern search: for the lengths of a search after the
-// first, which sums of pieces each suffix of them can make, up to the bar, as one bit per
-// hundredth. It answers the searches whose walk would grow too large.
+// first, which sums of pieces each suffix of them can make, up to the bar. It answers the
+// searches whose walk would grow too large. A row is one bit per hundredth of the bar; or, where
+// every length may go in as often as it fits and the last is short beside the bar, the least
+// sum of each residue modulo that last length.
 #pragma once
 
 #include <cstddef>
@@ -19,6 +21,10 @@ public:
     void Build(int count, const int64_t* lengths, const int64_t* most, int64_t bar,
                int spacing = 0);
 
+    // About how many words or numbers Build writes for these lengths: the work beside which a
+    // walk over the counts is the dearer way.
+    static int64_t Cost(int count, const int64_t* lengths, const int64_t* most, int64_t bar);
+
     bool Has(int d, int64_t sum);
     // The largest sum of row d not above `limit`; there is always 0.
     int64_t HighestUpTo(int d, int64_t limit);
@@ -27,6 +33,14 @@ public:
     void Release();
 
 private:
+    // Whether every length after the first can go in as often as the bar holds it, and the
+    // last is short enough for rows by residue to be the smaller table.
+    static bool ByResidue(int count, const int64_t* lengths, const int64_t* most, int64_t bar);
+    // Rows by residue: a sum belongs to row d when it is at least the least sum of its residue,
+    // since the last length, in every row, can be added again and again to reach the others.
+    void BuildResidues();
+    void AddToResidues(int32_t* row, int64_t length) const;
+
     bool IsKept(int d) const { return (count_ - d) % spacing_ == 0; }
     // The kept row at or above row d, which the rows between it and d are worked out from.
     int KeptAbove(int d) const { return d + (count_ - d) % spacing_; }
@@ -46,6 +60,8 @@ private:
     int64_t bar_ = 0;
     std::size_t words_ = 0;
     std::vector<uint64_t> bits_;
+    int64_t modulus_ = 0;  // the last length, when the rows go by residue; else 0
+    std::vector<int32_t> least_;
 };
 
 }  // namespace brennik
