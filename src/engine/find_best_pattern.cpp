@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
-#include <bit>
 #include <cmath>
 #include <numeric>
 #include <vector>
@@ -111,14 +110,11 @@ public:
     }
 
 private:
-    // The words the table would shift: each length is added in about log2(count) chunks.
+    // About as many tries as the table would write words or numbers.
     int64_t WalkBudget(int64_t bar) const {
-        int64_t words = 0;
-        for (int d = 1; d < count_; ++d) {
-            words += (bar / 64 + 1) * (1 + std::bit_width(static_cast<uint64_t>(max_[d])));
-        }
+        const int64_t tableWork = ReachTable::Cost(count_, length_.data(), max_.data(), bar);
         const int64_t cap = walkBudget.load(std::memory_order_relaxed);
-        return std::min(cap, std::max(MinWalkBudget, words));
+        return std::min(cap, std::max(MinWalkBudget, tableWork));
     }
 
     // A lower bound on the waste of `rest` filled by lengths depth, depth+1, ...: no more pieces
@@ -141,7 +137,8 @@ private:
         thread_local ReachTable reach;
         reach.Build(count_, length_.data(), max_.data(), bar);
         int64_t bestSum = -1;
-        for (int64_t c = std::min(max_[0], bar / length_[0]); c >= 1 && bestSum < bar; --c) {
+        for (int64_t c = std::min(max_[0], bar / length_[0]); c >= 1 && bar - bestSum > floor_;
+             --c) {
             const int64_t sum = c * length_[0] + reach.HighestUpTo(1, bar - c * length_[0]);
             if (sum > bestSum) {
                 bestSum = sum;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
+#include <numeric>
 
 namespace brennik {
 
@@ -14,12 +15,42 @@ constexpr std::size_t KeptWords = std::size_t{1} << 21;
 
 }  // namespace
 
+bool ReachTable::ByResidue(int count, const int64_t* lengths, const int64_t* most, int64_t bar) {
+    if (count < 2 || lengths[count - 1] > bar / 64) {
+        return false;
+    }
+    for (int d = 1; d < count; ++d) {
+        if (most[d] < bar / lengths[d]) {
+            return false;
+        }
+    }
+    return true;
+}
+
+int64_t ReachTable::Cost(int count, const int64_t* lengths, const int64_t* most, int64_t bar) {
+    if (ByResidue(count, lengths, most, bar)) {
+        return 2 * (count - 1) * lengths[count - 1];
+    }
+    int64_t words = 0;
+    for (int d = 1; d < count; ++d) {
+        const bool anyCount = most[d] >= bar / lengths[d] && lengths[d] >= 64;
+        words +=
+            (bar / 64 + 1) * (anyCount ? 1 : 1 + std::bit_width(static_cast<uint64_t>(most[d])));
+    }
+    return words;
+}
+
 void ReachTable::Build(int count, const int64_t* lengths, const int64_t* most, int64_t bar,
                        int spacing) {
     count_ = count;
     lengths_ = lengths;
     most_ = most;
     bar_ = bar;
+    if (ByResidue(count, lengths, most, bar)) {
+        BuildResidues();
+        return;
+    }
+    modulus_ = 0;
     words_ = static_cast<std::size_t>(bar / 64 + 1);
     if (spacing > 0) {
         spacing_ = spacing;
@@ -59,11 +90,72 @@ uint64_t* ReachTable::Row(int d) {
     return Slot(keptSlots_ + static_cast<std::size_t>(top - d - 1));
 }
 
+void ReachTable::BuildResidues() {
+    modulus_ = lengths_[count_ - 1];
+    const auto width = static_cast<std::size_t>(modulus_);
+    least_.assign(static_cast<std::size_t>(count_ - 1) * width, static_cast<int32_t>(bar_ + 1));
+    // Row count - 1 holds the multiples of the last length; each row above adds its length.
+    int32_t* row = least_.data() + static_cast<std::size_t>(count_ - 2) * width;
+    row[0] = 0;
+    for (int d = count_ - 2; d >= 1; --d) {
+        int32_t* above = row - width;
+        std::copy(row, row + width, above);
+        AddToResidues(above, lengths_[d]);
+        row = above;
+    }
+}
+
+// Adds any count of `length` to a row by residue. The residues that adding it steps through
+// form cycles; going once round each, from its least sum on, carries every sum as far as the
+// length can take it, as no sum can improve on the least one of its cycle. Sums beyond the bar
+// stay at bar + 1, which stands for none.
+void ReachTable::AddToResidues(int32_t* row, int64_t length) const {
+    const int64_t step = length % modulus_;
+    if (step == 0) {
+        return;  // the last length, taken often enough, makes the same sums
+    }
+    const int64_t cycles = std::gcd(step, modulus_);
+    const int64_t cycleLength = modulus_ / cycles;
+    const auto none = static_cast<int32_t>(bar_ + 1);
+    for (int64_t start = 0; start < cycles; ++start) {
+        int64_t from = start;
+        for (int64_t k = 0, r = start; k < cycleLength; ++k, r = (r + step) % modulus_) {
+            from = row[r] < row[from] ? r : from;
+        }
+        for (int64_t k = 0, r = from; k < cycleLength; ++k) {
+            const int64_t next = (r + step) % modulus_;
+            const int64_t carried = std::min<int64_t>(row[r] + length, none);
+            row[next] = static_cast<int32_t>(std::min<int64_t>(row[next], carried));
+            r = next;
+        }
+    }
+}
+
 bool ReachTable::Has(int d, int64_t sum) {
-    return sum >= 0 && ((Row(d)[sum / 64] >> (sum % 64)) & 1) != 0;
+    if (sum < 0) {
+        return false;
+    }
+    if (modulus_ > 0) {
+        if (d == count_) {
+            return sum == 0;
+        }
+        const auto width = static_cast<std::size_t>(modulus_);
+        return least_[static_cast<std::size_t>(d - 1) * width +
+                      static_cast<std::size_t>(sum % modulus_)] <= sum;
+    }
+    return ((Row(d)[sum / 64] >> (sum % 64)) & 1) != 0;
 }
 
 int64_t ReachTable::HighestUpTo(int d, int64_t limit) {
+    if (modulus_ > 0) {
+        // The next sum above the highest one is that sum plus the last length, so the highest
+        // lies less than one last length below the limit.
+        int64_t sum = limit;
+        while (!Has(d, sum)) {
+            --sum;
+        }
+        return sum;
+    }
     const uint64_t* row = Row(d);
     int64_t word = limit / 64;
     uint64_t bits = row[word] & (~uint64_t{0} >> (63 - limit % 64));
@@ -77,11 +169,13 @@ void ReachTable::Release() {
     if (bits_.capacity() > KeptWords) {
         std::vector<uint64_t>().swap(bits_);
     }
+    if (least_.capacity() > 2 * KeptWords) {
+        std::vector<int32_t>().swap(least_);
+    }
 }
 
 // Where the bar holds no more pieces than `most`, one pass from the bottom up adds any count;
 // otherwise the counts go in doubling chunks, which together make every count up to `most`.
-// The first chunk reads row d + 1 itself, which spares a copy of it.
 void ReachTable::AddLength(int d, const uint64_t* from, uint64_t* to) {
     const int64_t length = lengths_[d];
     int64_t most = most_[d];
@@ -103,36 +197,55 @@ void ReachTable::AddLength(int d, const uint64_t* from, uint64_t* to) {
 
 namespace {
 
-// Word w of `row` shifted up by `shift` bits: what a shift of the whole row puts there.
-uint64_t ShiftedWord(const uint64_t* row, std::size_t w, int64_t shift) {
-    const auto whole = static_cast<std::size_t>(shift / 64);
-    const auto part = static_cast<unsigned>(shift % 64);
-    if (w < whole) {
-        return 0;
+// out |= src shifted up by `part` bits, word by word, `carry` being the word below src[0]. The
+// two never overlap, so the loop runs several words at a time.
+void OrShifted(uint64_t* __restrict out, const uint64_t* __restrict src, std::size_t n,
+               unsigned part, uint64_t carry) {
+    if (part == 0) {
+        for (std::size_t i = 0; i < n; ++i) {
+            out[i] |= src[i];
+        }
+        return;
     }
-    uint64_t moved = row[w - whole] << part;
-    if (part != 0 && w > whole) {
-        moved |= row[w - whole - 1] >> (64 - part);
+    out[0] |= src[0] << part | carry >> (64 - part);
+    for (std::size_t i = 1; i < n; ++i) {
+        out[i] |= src[i] << part | src[i - 1] >> (64 - part);
     }
-    return moved;
 }
 
 }  // namespace
 
-// to = from | from << shift; from the top down, so that with `to` and `from` one row every
-// word reads words not yet changed.
+// to = from | from << shift. Word w of the result reads words w - whole and the one below, so
+// blocks of `whole` words, taken from the top down, read only words not yet changed.
 void ReachTable::AddShifted(const uint64_t* from, uint64_t* to, int64_t shift) {
-    for (std::size_t w = words_; w-- > 0;) {
-        to[w] = from[w] | ShiftedWord(from, w, shift);
+    if (to != from) {
+        std::copy(from, from + words_, to);
+    }
+    const auto whole = static_cast<std::size_t>(shift / 64);
+    const auto part = static_cast<unsigned>(shift % 64);
+    if (whole == 0) {
+        for (std::size_t w = words_; w-- > 0;) {
+            to[w] |= to[w] << part | (w > 0 ? to[w - 1] >> (64 - part) : 0);
+        }
+        return;
+    }
+    for (std::size_t end = words_; end > whole;) {
+        const std::size_t begin = std::max(whole, end - std::min(end, whole));
+        const uint64_t carry = begin > whole ? to[begin - whole - 1] : 0;
+        OrShifted(to + begin, to + begin - whole, end - begin, part, carry);
+        end = begin;
     }
 }
 
-// to = from | to << shift | to << 2 shift | ...: from the bottom up, so that every word reads
-// words of `to` already final; a shift of at least a word keeps those reads below the word
-// written.
+// to = from | to << shift | to << 2 shift | ...: blocks of `whole` words (at least one, as the
+// shift is at least a word), from the bottom up, each reading words already final below it.
 void ReachTable::AddAnyCount(const uint64_t* from, uint64_t* to, int64_t shift) {
-    for (std::size_t w = 0; w < words_; ++w) {
-        to[w] = from[w] | ShiftedWord(to, w, shift);
+    std::copy(from, from + words_, to);
+    const auto whole = static_cast<std::size_t>(shift / 64);
+    const auto part = static_cast<unsigned>(shift % 64);
+    for (std::size_t begin = whole; begin < words_; begin += whole) {
+        const uint64_t carry = begin > whole ? to[begin - whole - 1] : 0;
+        OrShifted(to + begin, to + begin - whole, std::min(whole, words_ - begin), part, carry);
     }
 }
 
