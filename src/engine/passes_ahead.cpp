@@ -22,20 +22,19 @@ PassesAhead::PassesAhead(const Module1& m, const std::vector<Arrangement>& arran
     outcomes_.resize(distinct_.size());
     ready_.assign(distinct_.size(), false);
     taken_ = std::make_unique<std::atomic<bool>[]>(distinct_.size());
-    work_ = std::make_unique<Module1>(*start_);
     if (plain_) {
+        work_ = std::make_unique<Module1>(*start_);
         return;
     }
-    scratch_ = std::make_unique<Module1>(*start_);
-    steps_ = std::make_unique<SharedSteps>(*start_);
     // Starting a thread costs about as much as a few short passes, so a search of a few
     // arrangements is done sooner without a helper.
     constexpr std::size_t FewArrangements = 6;
-    const std::size_t helpers = distinct_.size() <= FewArrangements
-                                    ? 0
-                                    : std::max(std::thread::hardware_concurrency(), 1u) - 1;
-    for (std::size_t h = 0; h < helpers; ++h) {
-        helpers_.emplace_back([this] { Help(); });
+    const unsigned helpers = distinct_.size() <= FewArrangements
+                                 ? 0
+                                 : std::max(std::thread::hardware_concurrency(), 1u) - 1;
+    steps_ = std::make_unique<SharedSteps>(*start_, static_cast<int>(helpers + 1));
+    for (unsigned h = 1; h <= helpers; ++h) {
+        helpers_.emplace_back([this, h] { Help(static_cast<int>(h)); });
     }
 }
 
@@ -46,12 +45,13 @@ PassesAhead::~PassesAhead() {
     }
 }
 
-PassOutcome PassesAhead::WorkOut(std::size_t k, Module1& work, Module1& scratch) {
+// Thread 0 is the one that asks for the outcomes; the helpers count from 1.
+PassOutcome PassesAhead::WorkOut(std::size_t k, int thread) {
     if (plain_) {
-        StartPass(work, *start_, distinct_[k]);
-        return FinishPass(work);
+        StartPass(*work_, *start_, distinct_[k]);
+        return FinishPass(*work_);
     }
-    return steps_->OutcomeOf(distinct_[k], work, scratch);
+    return steps_->OutcomeOf(distinct_[k], thread);
 }
 
 void PassesAhead::Keep(std::size_t k, const PassOutcome& outcome) {
@@ -65,13 +65,11 @@ void PassesAhead::Keep(std::size_t k, const PassOutcome& outcome) {
 
 // A helper works from the last arrangement back, while the attempts take theirs from the first
 // on: the two meet in the middle, mostly on different steps.
-void PassesAhead::Help() {
+void PassesAhead::Help(int thread) {
     try {
-        auto work = std::make_unique<Module1>(*start_);
-        auto scratch = std::make_unique<Module1>(*start_);
         for (std::size_t k = distinct_.size(); k-- > 0 && !stop_;) {
             if (!taken_[k].exchange(true)) {
-                Keep(k, WorkOut(k, *work, *scratch));
+                Keep(k, WorkOut(k, thread));
             }
         }
     } catch (...) {
@@ -86,7 +84,7 @@ void PassesAhead::Help() {
 const PassOutcome& PassesAhead::Of(const Arrangement& arrangement) {
     const std::size_t k = indexOf_.at(arrangement);
     if (!taken_[k].exchange(true)) {
-        Keep(k, WorkOut(k, *work_, *scratch_));
+        Keep(k, WorkOut(k, 0));
     }
     std::unique_lock<std::mutex> lock(mutex_);
     readyChanged_.wait(lock, [this, k] { return ready_[k] || failure_ != nullptr; });

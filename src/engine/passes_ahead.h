@@ -39,9 +39,9 @@ public:
     const PassOutcome& Of(const Arrangement& arrangement);
 
 private:
-    PassOutcome WorkOut(std::size_t k, Module1& work, Module1& scratch);
+    PassOutcome WorkOut(std::size_t k, int thread);
     void Keep(std::size_t k, const PassOutcome& outcome);
-    void Help();
+    void Help(int thread);
 
     std::unique_ptr<const Module1> start_;
     bool plain_ = false;
@@ -51,8 +51,7 @@ private:
     std::vector<PassOutcome> outcomes_;
     std::vector<bool> ready_;
     std::unique_ptr<std::atomic<bool>[]> taken_;
-    std::unique_ptr<Module1> work_;  // the asking thread's copies
-    std::unique_ptr<Module1> scratch_;
+    std::unique_ptr<Module1> work_;  // the plain route's copy
     std::exception_ptr failure_;
     std::atomic<bool> stop_{false};
     std::mutex mutex_;

@@ -31,20 +31,20 @@ int FirstIn(const Arrangement& arrangement, uint8_t rows) {
 
 }  // namespace
 
-SharedSteps::SharedSteps(const Module1& start) : start_(start) {
-    auto work = std::make_unique<Module1>(start);
-    StartPass(*work, start, StartingOrder());
-    first_ = &Keep(PassProgress::Of(*work));
-}
-
-SharedSteps::Step& SharedSteps::Keep(const PassProgress& progress) {
-    std::lock_guard<std::mutex> lock(keeping_);
-    return steps_.emplace_back(progress);
+SharedSteps::SharedSteps(const Module1& start, int threads) : start_(start), hands_(threads) {
+    for (Hand& hand : hands_) {
+        hand.work = std::make_unique<Module1>(start);
+        hand.scratch = std::make_unique<Module1>(start);
+    }
+    Module1& work = *hands_[0].work;
+    StartPass(work, start, StartingOrder());
+    first_ = &hands_[0].kept.emplace_back(PassProgress::Of(work));
 }
 
 // Works out the step that follows `step` in the starting order, and what each row ranked first
 // would leave if the arrangement chose it.
-void SharedSteps::Search(Step& step, Module1& scratch) {
+void SharedSteps::Search(Step& step, Hand& hand) {
+    Module1& scratch = *hand.scratch;
     StartPass(scratch, start_, StartingOrder());
     step.progress.RestoreInto(scratch);
     SearchEveryRow(scratch);
@@ -55,7 +55,7 @@ void SharedSteps::Search(Step& step, Module1& scratch) {
             step.progress.RestoreInto(scratch);
             ChooseRow(scratch, row);
             ApplyChosenPattern(scratch);
-            step.next[row - 1] = &Keep(PassProgress::Of(scratch));
+            step.next[row - 1] = &hand.kept.emplace_back(PassProgress::Of(scratch));
             passEnds = passEnds || scratch.PiecesLeft <= 0;
         }
     }
@@ -71,11 +71,11 @@ void SharedSteps::Search(Step& step, Module1& scratch) {
     }
 }
 
-PassOutcome SharedSteps::OutcomeOf(const Arrangement& arrangement, Module1& work,
-                                   Module1& scratch) {
+PassOutcome SharedSteps::OutcomeOf(const Arrangement& arrangement, int thread) {
+    Hand& hand = hands_[static_cast<std::size_t>(thread)];
     Step* step = first_;
     for (;;) {
-        std::call_once(step->searched, [&] { Search(*step, scratch); });
+        std::call_once(step->searched, [&] { Search(*step, hand); });
         if (step->rankedFirst == 0) {
             break;  // the pass ends here, without a pattern
         }
@@ -88,6 +88,7 @@ PassOutcome SharedSteps::OutcomeOf(const Arrangement& arrangement, Module1& work
 
     // The last step in this arrangement: every row's search as it stands in it, then the
     // ranking, the choice and the cut.
+    Module1& work = *hand.work;
     StartPass(work, start_, arrangement);
     step->progress.RestoreInto(work);
     const Searches& searches = *step->last;

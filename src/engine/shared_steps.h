@@ -9,6 +9,7 @@
 #include <deque>
 #include <memory>
 #include <mutex>
+#include <vector>
 
 #include "engine/pass_outcome.h"
 #include "state/module1.h"
@@ -18,13 +19,12 @@ namespace brennik {
 class SharedSteps {
 public:
     // `start` is classified, with its master list and TotalPieces set; arrangements name its rows.
-    explicit SharedSteps(const Module1& start);
+    // `threads` threads may work out passes side by side.
+    SharedSteps(const Module1& start, int threads);
 
-    // The outcome of the pass in `arrangement`. Its steps are read from those worked out so far;
-    // the ones not yet met are worked out on `scratch`, and the last is taken on `work`: both
-    // copies of start, used by one thread at a time. Threads may run this side by side, each
-    // with its own two copies.
-    PassOutcome OutcomeOf(const Arrangement& arrangement, Module1& work, Module1& scratch);
+    // The outcome of the pass in `arrangement`, worked out by thread `thread` (from 0): its steps
+    // are read from those worked out so far, and the ones not yet met are worked out now.
+    PassOutcome OutcomeOf(const Arrangement& arrangement, int thread);
 
 private:
     // What the searches of a step leave, row by row: kept for a step with which a pass ends, so
@@ -46,14 +46,19 @@ private:
         std::array<Step*, MaxStdLengths> next{};
         std::unique_ptr<Searches> last;  // when some pass ends with this step
     };
+    // What one thread works with: two copies of start, one for the steps it works out and one
+    // for the last step of each pass, and the steps it has worked out, which it alone adds to.
+    struct Hand {
+        std::unique_ptr<Module1> work;
+        std::unique_ptr<Module1> scratch;
+        std::deque<Step> kept;
+    };
 
-    void Search(Step& step, Module1& scratch);
-    Step& Keep(const PassProgress& progress);
+    void Search(Step& step, Hand& hand);
 
     const Module1& start_;
+    std::vector<Hand> hands_;
     Step* first_ = nullptr;  // the pass before its first step
-    std::mutex keeping_;
-    std::deque<Step> steps_;
 };
 
 }  // namespace brennik
