@@ -38,9 +38,20 @@ const Table<float, MaxStdLengths, 2>& DecidingRanking(const Module1& m) {
     return m.MethodA ? m.RankMon : m.RankMat;
 }
 
+bool Holds(uint8_t rows, int row) {
+    return (rows & 1u << (row - 1)) != 0;
+}
+
 }  // namespace
 
 void SearchEveryRow(Module1& m) {
+    ClearRows(m);
+    for (int r = 1; r <= MaxStdLengths; ++r) {
+        SearchRow(m, r);
+    }
+}
+
+void ClearRows(Module1& m) {
     for (int r = 1; r <= MaxStdLengths; ++r) {
         m.PatternBars(r) = 0;
         m.RankMat(r, 1) = 0;
@@ -49,25 +60,42 @@ void SearchEveryRow(Module1& m) {
             m.PatternPieces(r, i) = 0;
         }
     }
-    const PatternSearch search = CurrentPatternSearch();
-    for (int r = 1; r <= MaxStdLengths; ++r) {
-        search(m, m.SeqLength(r), m.SeqPrice(r), m.CutLength, m.CutQty, static_cast<uint8_t>(r));
-    }
 }
 
-uint8_t RowsRankedFirst(const Module1& m) {
-    const Table<float, MaxStdLengths, 2>& ranking = DecidingRanking(m);
+void SearchRow(Module1& m, int row) {
+    CurrentPatternSearch()(m, m.SeqLength(row), m.SeqPrice(row), m.CutLength, m.CutQty,
+                           static_cast<uint8_t>(row));
+}
+
+float RankingFigure(const Module1& m, int row) {
+    return DecidingRanking(m)(row, 1);
+}
+
+uint8_t RowsRankedFirst(const Module1& m, uint8_t among) {
     uint8_t first = 0;
     for (int r = 1; r <= MaxStdLengths; ++r) {
+        if (!Holds(among, r)) {
+            continue;
+        }
         bool beaten = false;
         for (int other = 1; other <= MaxStdLengths && !beaten; ++other) {
-            beaten = RanksBehind(m, ranking(r, 1), r, ranking(other, 1), other);
+            beaten = Holds(among, other) &&
+                     RanksBehind(m, RankingFigure(m, r), r, RankingFigure(m, other), other);
         }
         if (!beaten && m.PatternBars(r) > 0) {
             first = static_cast<uint8_t>(first | 1u << (r - 1));
         }
     }
     return first;
+}
+
+bool RanksBehindOneOf(const Module1& m, uint8_t among, float bound) {
+    for (int r = 1; r <= MaxStdLengths; ++r) {
+        if (Holds(among, r) && m.PatternBars(r) > 0 && RankingFigure(m, r) < bound) {
+            return true;
+        }
+    }
+    return false;
 }
 
 void ChooseRow(Module1& m, int row) {

@@ -14,13 +14,22 @@ void ChooseNextPattern(Module1& m);
 
 // The parts of ChooseNextPattern, for the passes of a search that share their steps.
 // SearchEveryRow leaves each standard row's best pattern and figures in its own row of
-// PatternPieces, PatternBars, RankMat and RankMon, unranked; RankEveryRow then sorts the ranking
-// tables and chooses. Instead of ranking, RowsRankedFirst gives the rows whose figures rank
-// first, equally, as bit r - 1 for row r (0 when no row has a pattern): the step chooses the one
-// of them that stands first in the sequence, and ChooseRow sets the chosen pattern to that row's.
+// PatternPieces, PatternBars, RankMat and RankMon, unranked: ClearRows, then SearchRow for each
+// row. RankEveryRow then sorts the ranking tables and chooses.
 void SearchEveryRow(Module1& m);
+void ClearRows(Module1& m);
+void SearchRow(Module1& m, int row);
 void RankEveryRow(Module1& m);
-uint8_t RowsRankedFirst(const Module1& m);
+
+// Instead of ranking, for rows `among` (bit r - 1 for row r) that have been searched:
+// RowsRankedFirst gives those whose figures rank first, equally (0 when none has a pattern):
+// the step chooses the one of them that stands first in the sequence, and ChooseRow sets the
+// chosen pattern to that row's. RankingFigure is a searched row's figure in the ranking of the
+// Method; RanksBehindOneOf tells whether a row whose figure is known to be no lower than `bound`
+// ranks behind one of the rows `among`, whatever its pattern turns out to be.
+uint8_t RowsRankedFirst(const Module1& m, uint8_t among);
 void ChooseRow(Module1& m, int row);
+float RankingFigure(const Module1& m, int row);
+bool RanksBehindOneOf(const Module1& m, uint8_t among, float bound);
 
 }  // namespace brennik

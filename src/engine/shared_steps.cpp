@@ -1,5 +1,8 @@
 #include "engine/shared_steps.h"
 
+#include <algorithm>
+#include <numeric>
+
 #include "engine/choose_next_pattern.h"
 #include "engine/cutting_pass.h"
 
@@ -41,25 +44,65 @@ SharedSteps::SharedSteps(const Module1& start, int threads) : start_(start), han
     first_ = &hands_[0].kept.emplace_back(PassProgress::Of(work));
 }
 
+// The first length with pieces still wanted, which every pattern holds; 0 when none is left.
+int FirstWanted(const Module1& m) {
+    for (int i = 1; i <= m.CutCount; ++i) {
+        if (m.CutQty(i) > 0) {
+            return i;
+        }
+    }
+    return 0;
+}
+
 // Works out the step that follows `step` in the starting order, and what each row ranked first
-// would leave if the arrangement chose it.
+// would leave if the arrangement chose it. Rows are searched lowest bound first, up to the
+// first whose bound already ranks behind a row searched.
 void SharedSteps::Search(Step& step, Hand& hand) {
     Module1& scratch = *hand.scratch;
     StartPass(scratch, start_, StartingOrder());
     step.progress.RestoreInto(scratch);
-    SearchEveryRow(scratch);
-    step.rankedFirst = RowsRankedFirst(scratch);
+    const int first = FirstWanted(scratch);
+    const bool bounded = first != 0 && step.boundsFirst == first;
+    std::array<int, MaxStdLengths> order;
+    std::iota(order.begin(), order.end(), 1);
+    if (bounded) {
+        std::stable_sort(order.begin(), order.end(),
+                         [&](int a, int b) { return step.bounds(a) < step.bounds(b); });
+    }
+    ClearRows(scratch);
+    uint8_t searched = 0;
+    for (int row : order) {
+        if (bounded && RanksBehindOneOf(scratch, searched, step.bounds(row))) {
+            break;
+        }
+        SearchRow(scratch, row);
+        searched = static_cast<uint8_t>(searched | 1u << (row - 1));
+    }
+    StdRows<float> nextBounds = step.bounds;
+    for (int row = 1; row <= MaxStdLengths; ++row) {
+        if (Holds(searched, row)) {
+            nextBounds(row) = RankingFigure(scratch, row);
+        }
+    }
+
+    step.rankedFirst = RowsRankedFirst(scratch, searched);
     bool passEnds = step.rankedFirst == 0;
     for (int row = 1; row <= MaxStdLengths; ++row) {
         if (Holds(step.rankedFirst, row)) {
             step.progress.RestoreInto(scratch);
             ChooseRow(scratch, row);
             ApplyChosenPattern(scratch);
-            step.next[row - 1] = &hand.kept.emplace_back(PassProgress::Of(scratch));
+            Step& next = hand.kept.emplace_back(PassProgress::Of(scratch));
+            next.boundsFirst = first;
+            next.bounds = nextBounds;
+            step.next[row - 1] = &next;
             passEnds = passEnds || scratch.PiecesLeft <= 0;
         }
     }
     if (passEnds) {
+        // Some pass ends here, and its last ranking needs every row.
+        step.progress.RestoreInto(scratch);
+        SearchEveryRow(scratch);
         step.last = std::make_unique<Searches>();
         step.last->PatternBars = scratch.PatternBars;
         step.last->PatternPieces = scratch.PatternPieces;

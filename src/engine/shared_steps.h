@@ -41,6 +41,12 @@ private:
     struct Step {
         explicit Step(const PassProgress& before) : progress(before) {}
         PassProgress progress;  // the bars used stand by rows of the starting order
+        // While the first length still wanted is `boundsFirst` (0: no bounds), no row's figure
+        // can be lower than its bound: the quantities only fall, so every pattern a row could
+        // cut now it could cut before, when its figure was found. A row whose bound ranks
+        // behind a row already searched needs no search.
+        int boundsFirst = 0;
+        StdRows<float> bounds;
         std::once_flag searched;
         uint8_t rankedFirst = 0;  // bit r - 1 for row r; 0 when no row has a pattern
         std::array<Step*, MaxStdLengths> next{};
