@@ -38,10 +38,7 @@ testing::Problem TiedProblem(std::mt19937& random, bool methodA) {
 
 // Every order of the problem's standard rows, the rows past them staying in place.
 std::vector<Arrangement> EveryArrangement(int stdCount) {
-    Arrangement arrangement;
-    for (int k = 0; k < MaxStdLengths; ++k) {
-        arrangement[k] = static_cast<uint8_t>(k + 1);
-    }
+    Arrangement arrangement = StartingOrder();
     std::vector<Arrangement> all;
     do {
         all.push_back(arrangement);

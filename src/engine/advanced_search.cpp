@@ -96,10 +96,7 @@ std::vector<StdRows<uint8_t>> AttemptCounters(int stdCount) {
 // The arrangement that each attempt works on, each built on the one before it, as the rows of
 // the starting order.
 std::vector<Arrangement> AttemptArrangements(const std::vector<StdRows<uint8_t>>& counters) {
-    Arrangement present;
-    for (int k = 0; k < MaxStdLengths; ++k) {
-        present[k] = static_cast<uint8_t>(k + 1);
-    }
+    Arrangement present = StartingOrder();
     std::vector<Arrangement> arrangements;
     for (const StdRows<uint8_t>& seqPos : counters) {
         Arrangement next;

@@ -38,10 +38,6 @@ const Table<float, MaxStdLengths, 2>& DecidingRanking(const Module1& m) {
     return m.MethodA ? m.RankMon : m.RankMat;
 }
 
-bool Holds(uint8_t rows, int row) {
-    return (rows & 1u << (row - 1)) != 0;
-}
-
 }  // namespace
 
 void SearchEveryRow(Module1& m) {
@@ -71,8 +67,8 @@ float RankingFigure(const Module1& m, int row) {
     return DecidingRanking(m)(row, 1);
 }
 
-uint8_t RowsRankedFirst(const Module1& m, uint8_t among) {
-    uint8_t first = 0;
+RowSet RowsRankedFirst(const Module1& m, RowSet among) {
+    RowSet first = 0;
     for (int r = 1; r <= MaxStdLengths; ++r) {
         if (!Holds(among, r)) {
             continue;
@@ -83,13 +79,13 @@ uint8_t RowsRankedFirst(const Module1& m, uint8_t among) {
                      RanksBehind(m, RankingFigure(m, r), r, RankingFigure(m, other), other);
         }
         if (!beaten && m.PatternBars(r) > 0) {
-            first = static_cast<uint8_t>(first | 1u << (r - 1));
+            first = With(first, r);
         }
     }
     return first;
 }
 
-bool RanksBehindOneOf(const Module1& m, uint8_t among, float bound) {
+bool RanksBehindOneOf(const Module1& m, RowSet among, float bound) {
     for (int r = 1; r <= MaxStdLengths; ++r) {
         if (Holds(among, r) && m.PatternBars(r) > 0 && RankingFigure(m, r) < bound) {
             return true;

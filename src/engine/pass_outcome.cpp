@@ -21,6 +21,14 @@ auto Accumulators(Block& m) {
 
 }  // namespace
 
+Arrangement StartingOrder() {
+    Arrangement order;
+    for (int k = 0; k < MaxStdLengths; ++k) {
+        order[k] = static_cast<uint8_t>(k + 1);
+    }
+    return order;
+}
+
 PassProgress PassProgress::Of(const Module1& m) {
     PassProgress progress;
     progress.CutQty = m.CutQty;

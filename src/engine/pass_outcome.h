@@ -14,6 +14,9 @@ namespace brennik {
 // An arrangement as the rows of the starting order that stand in rows 1 to 6.
 using Arrangement = std::array<uint8_t, MaxStdLengths>;
 
+// The starting order itself: row k in row k.
+Arrangement StartingOrder();
+
 // What one cutting step hands on to the next: what is left to cut and the totals so far.
 struct PassProgress {
     CutRows<int32_t> CutQty;

@@ -10,23 +10,21 @@ namespace brennik {
 
 namespace {
 
-Arrangement StartingOrder() {
-    Arrangement order;
-    for (int k = 0; k < MaxStdLengths; ++k) {
-        order[k] = static_cast<uint8_t>(k + 1);
-    }
-    return order;
-}
-
-bool Holds(uint8_t rows, int row) {
-    return (rows & 1u << (row - 1)) != 0;
-}
-
 // The row of `rows` that stands first in `arrangement`.
-int FirstIn(const Arrangement& arrangement, uint8_t rows) {
+int FirstIn(const Arrangement& arrangement, RowSet rows) {
     for (uint8_t row : arrangement) {
         if (Holds(rows, row)) {
             return row;
+        }
+    }
+    return 0;
+}
+
+// The first length with pieces still wanted, which every pattern holds; 0 when none is left.
+int FirstWanted(const Module1& m) {
+    for (int i = 1; i <= m.CutCount; ++i) {
+        if (m.CutQty(i) > 0) {
+            return i;
         }
     }
     return 0;
@@ -42,16 +40,6 @@ SharedSteps::SharedSteps(const Module1& start, int threads) : start_(start), han
     Module1& work = *hands_[0].work;
     StartPass(work, start, StartingOrder());
     first_ = &hands_[0].kept.emplace_back(PassProgress::Of(work));
-}
-
-// The first length with pieces still wanted, which every pattern holds; 0 when none is left.
-int FirstWanted(const Module1& m) {
-    for (int i = 1; i <= m.CutCount; ++i) {
-        if (m.CutQty(i) > 0) {
-            return i;
-        }
-    }
-    return 0;
 }
 
 // Works out the step that follows `step` in the starting order, and what each row ranked first
@@ -70,13 +58,13 @@ void SharedSteps::Search(Step& step, Hand& hand) {
                          [&](int a, int b) { return step.bounds(a) < step.bounds(b); });
     }
     ClearRows(scratch);
-    uint8_t searched = 0;
+    RowSet searched = 0;
     for (int row : order) {
         if (bounded && RanksBehindOneOf(scratch, searched, step.bounds(row))) {
             break;
         }
         SearchRow(scratch, row);
-        searched = static_cast<uint8_t>(searched | 1u << (row - 1));
+        searched = With(searched, row);
     }
     StdRows<float> nextBounds = step.bounds;
     for (int row = 1; row <= MaxStdLengths; ++row) {

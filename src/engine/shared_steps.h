@@ -11,6 +11,7 @@
 #include <mutex>
 #include <vector>
 
+#include "engine/choose_next_pattern.h"
 #include "engine/pass_outcome.h"
 #include "state/module1.h"
 
@@ -48,7 +49,7 @@ private:
         int boundsFirst = 0;
         StdRows<float> bounds;
         std::once_flag searched;
-        uint8_t rankedFirst = 0;  // bit r - 1 for row r; 0 when no row has a pattern
+        RowSet rankedFirst = 0;  // empty when no row has a pattern
         std::array<Step*, MaxStdLengths> next{};
         std::unique_ptr<Searches> last;  // when some pass ends with this step
     };
