@@ -1,6 +1,7 @@
 // Times whole presses of Find Solution with the Advanced option, in both Methods, on every
-// problem of the generated families: with the engine, and with the plain complete enumeration
-// in its place ("plain"), which gives up on a press after a minute.
+// problem of the generated families: with the engine, and on the plain route ("plain"): the
+// complete enumeration in every pattern search and every pass on its own, in turn. A plain walk
+// gives up once its press has run for a minute.
 #include <benchmark/benchmark.h>
 #include <sys/resource.h>
 #include <unistd.h>
