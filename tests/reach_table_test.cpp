@@ -29,20 +29,20 @@ std::vector<std::vector<bool>> SumsBySuffix(const std::vector<int64_t>& lengths,
 TEST(ReachTable, EveryRowHoldsExactlyTheSumsOfItsLengths) {
     std::mt19937 random(17);
     ReachTable table;
-    for (int trial = 0; trial < 60; ++trial) {
+    for (int trial = 0; trial < 90; ++trial) {
         const int count = 2 + static_cast<int>(random() % 12);
         const int64_t bar = 200 + static_cast<int64_t>(random() % 1500);
         std::vector<int64_t> lengths(count), most(count);
         for (int d = 0; d < count; ++d) {
             // Short and long lengths, so that both ways of adding counts are taken; and every
-            // third table one whose lengths all go in as often as they fit, the last of them
-            // short, whose rows go by residue.
-            const bool anyCount = trial % 3 == 2;
+            // third table one whose last length is short and goes in as often as it fits, whose
+            // rows go by residue.
+            const bool byResidue = trial % 3 == 2 && d == count - 1;
             lengths[d] = trial % 2 == 0 ? 7 + random() % 60 : 64 + random() % 300;
-            if (anyCount && d == count - 1) {
+            if (byResidue) {
                 lengths[d] = 2 + static_cast<int64_t>(random() % (bar / 64 - 1));
             }
-            most[d] = anyCount || random() % 3 == 0 ? bar / lengths[d] : random() % 5;
+            most[d] = byResidue || random() % 3 == 0 ? bar / lengths[d] : random() % 5;
         }
         const auto expected = SumsBySuffix(lengths, most, bar);
         for (int spacing : {1, 2, 3, 5}) {

@@ -16,28 +16,28 @@ constexpr std::size_t KeptWords = std::size_t{1} << 21;
 }  // namespace
 
 bool ReachTable::ByResidue(int count, const int64_t* lengths, const int64_t* most, int64_t bar) {
-    if (count < 2 || lengths[count - 1] > bar / 64) {
-        return false;
-    }
-    for (int d = 1; d < count; ++d) {
-        if (most[d] < bar / lengths[d]) {
-            return false;
-        }
-    }
-    return true;
+    return count >= 2 && lengths[count - 1] <= bar / 64 &&
+           most[count - 1] >= bar / lengths[count - 1];
 }
 
+namespace {
+
+// How many doubling chunks make every count up to `most`.
+int64_t Chunks(int64_t most) {
+    return std::bit_width(static_cast<uint64_t>(most));
+}
+
+}  // namespace
+
 int64_t ReachTable::Cost(int count, const int64_t* lengths, const int64_t* most, int64_t bar) {
-    if (ByResidue(count, lengths, most, bar)) {
-        return 2 * (count - 1) * lengths[count - 1];
-    }
-    int64_t words = 0;
+    const bool byResidue = ByResidue(count, lengths, most, bar);
+    const int64_t row = byResidue ? lengths[count - 1] : bar / 64 + 1;
+    int64_t work = 0;
     for (int d = 1; d < count; ++d) {
-        const bool anyCount = most[d] >= bar / lengths[d] && lengths[d] >= 64;
-        words +=
-            (bar / 64 + 1) * (anyCount ? 1 : 1 + std::bit_width(static_cast<uint64_t>(most[d])));
+        const bool anyCount = most[d] >= bar / lengths[d] && (byResidue || lengths[d] >= 64);
+        work += row * (anyCount ? 2 : 1 + Chunks(most[d]));
     }
-    return words;
+    return work;
 }
 
 void ReachTable::Build(int count, const int64_t* lengths, const int64_t* most, int64_t bar,
@@ -100,7 +100,16 @@ void ReachTable::BuildResidues() {
     for (int d = count_ - 2; d >= 1; --d) {
         int32_t* above = row - width;
         std::copy(row, row + width, above);
-        AddToResidues(above, lengths_[d]);
+        if (most_[d] >= bar_ / lengths_[d]) {
+            AddAnyCountToResidues(above, lengths_[d]);
+        } else {
+            int64_t most = most_[d];
+            for (int64_t chunk = 1; most > 0; chunk *= 2) {
+                const int64_t take = std::min(chunk, most);
+                AddOnceToResidues(above, take * lengths_[d]);
+                most -= take;
+            }
+        }
         row = above;
     }
 }
@@ -109,25 +118,48 @@ void ReachTable::BuildResidues() {
 // form cycles; going once round each, from its least sum on, carries every sum as far as the
 // length can take it, as no sum can improve on the least one of its cycle. Sums beyond the bar
 // stay at bar + 1, which stands for none.
-void ReachTable::AddToResidues(int32_t* row, int64_t length) const {
+void ReachTable::AddAnyCountToResidues(int32_t* row, int64_t length) const {
     const int64_t step = length % modulus_;
     if (step == 0) {
         return;  // the last length, taken often enough, makes the same sums
     }
+    const auto next = [&](int64_t r) {
+        return r + step < modulus_ ? r + step : r + step - modulus_;
+    };
     const int64_t cycles = std::gcd(step, modulus_);
     const int64_t cycleLength = modulus_ / cycles;
     const auto none = static_cast<int32_t>(bar_ + 1);
     for (int64_t start = 0; start < cycles; ++start) {
         int64_t from = start;
-        for (int64_t k = 0, r = start; k < cycleLength; ++k, r = (r + step) % modulus_) {
+        for (int64_t k = 0, r = start; k < cycleLength; ++k, r = next(r)) {
             from = row[r] < row[from] ? r : from;
         }
-        for (int64_t k = 0, r = from; k < cycleLength; ++k) {
-            const int64_t next = (r + step) % modulus_;
+        for (int64_t k = 0, r = from; k < cycleLength; ++k, r = next(r)) {
             const int64_t carried = std::min<int64_t>(row[r] + length, none);
-            row[next] = static_cast<int32_t>(std::min<int64_t>(row[next], carried));
-            r = next;
+            row[next(r)] = static_cast<int32_t>(std::min<int64_t>(row[next(r)], carried));
         }
+    }
+}
+
+// Adds one piece of `length` (a chunk of several pieces of one length) to a row by residue:
+// every residue may also be reached from the one `length` below it, as the row stood before.
+void ReachTable::AddOnceToResidues(int32_t* row, int64_t length) {
+    const int64_t step = length % modulus_;
+    if (step == 0) {
+        return;  // the last length, taken often enough, makes the same sums
+    }
+    const auto width = static_cast<std::size_t>(modulus_);
+    before_.assign(row, row + width);
+    const auto none = static_cast<int64_t>(bar_) + 1;
+    const auto shift = static_cast<std::size_t>(step);
+    // Residues from `shift` on come from residues `shift` below; the lower ones from the top.
+    for (std::size_t r = shift; r < width; ++r) {
+        row[r] = static_cast<int32_t>(
+            std::min<int64_t>(row[r], std::min(before_[r - shift] + length, none)));
+    }
+    for (std::size_t r = 0; r < shift; ++r) {
+        row[r] = static_cast<int32_t>(
+            std::min<int64_t>(row[r], std::min(before_[r + width - shift] + length, none)));
     }
 }
 

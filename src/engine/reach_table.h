@@ -1,8 +1,8 @@
 // The table of reachable sums behind the pattern search: for the lengths of a search after the
 // first, which sums of pieces each suffix of them can make, up to the bar. It answers the
 // searches whose walk would grow too large. A row is one bit per hundredth of the bar; or, where
-// every length may go in as often as it fits and the last is short beside the bar, the least
-// sum of each residue modulo that last length.
+// the last length may go in as often as it fits and is short beside the bar, the least sum of
+// each residue modulo that length.
 #pragma once
 
 #include <cstddef>
@@ -33,13 +33,15 @@ public:
     void Release();
 
 private:
-    // Whether every length after the first can go in as often as the bar holds it, and the
-    // last is short enough for rows by residue to be the smaller table.
+    // Whether the last length can go in as often as the bar holds it and is short enough for
+    // rows by residue to be the smaller table.
     static bool ByResidue(int count, const int64_t* lengths, const int64_t* most, int64_t bar);
-    // Rows by residue: a sum belongs to row d when it is at least the least sum of its residue,
-    // since the last length, in every row, can be added again and again to reach the others.
+    // Rows by residue: a sum up to the bar belongs to row d when it is at least the least sum of
+    // its residue, since the last length, in every row, can be added again and again to reach
+    // the others.
     void BuildResidues();
-    void AddToResidues(int32_t* row, int64_t length) const;
+    void AddAnyCountToResidues(int32_t* row, int64_t length) const;
+    void AddOnceToResidues(int32_t* row, int64_t length);
 
     bool IsKept(int d) const { return (count_ - d) % spacing_ == 0; }
     // The kept row at or above row d, which the rows between it and d are worked out from.
@@ -62,6 +64,7 @@ private:
     std::vector<uint64_t> bits_;
     int64_t modulus_ = 0;  // the last length, when the rows go by residue; else 0
     std::vector<int32_t> least_;
+    std::vector<int32_t> before_;  // a row by residue before a chunk is added
 };
 
 }  // namespace brennik
