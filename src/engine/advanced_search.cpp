@@ -135,7 +135,8 @@ void AdvancedSearch(Module1& m, Surface& surface,
     surface.SetCaption({Ctl::cmdHelpTip}, "");
 
     // Every attempt's arrangement is known before the first one runs, and each pass depends on
-    // its arrangement alone: the passes are worked out ahead, side by side, and the attempts
+    // its arrangement alone: the passes are worked out apart from the block, sharing the steps
+    // they have in common, a helper thread working from the last one back, and the attempts
     // take them in their order, comparing one after the other as before.
     const std::vector<StdRows<uint8_t>> counters = AttemptCounters(m.StdCount);
     const std::vector<Arrangement> arrangements = AttemptArrangements(counters);

@@ -12,7 +12,7 @@ struct PassOutcome;
 
 // A whole pass over the master cutting list in the present arrangement, without report: the
 // screen shows the arrangement, the totals start again, and the cutting loop's outcome for
-// this arrangement, worked out ahead (PassesAhead), takes its place in the block.
+// this arrangement, worked out apart from the block (PassesAhead), takes its place in it.
 void RunCuttingPass(Module1& m, Surface& surface, const PassOutcome& loop);
 
 // Keeps the present arrangement as the best one.

@@ -1,5 +1,5 @@
-// The cutting loops of a search's passes, worked out ahead in as many threads as the machine has
-// cores, so that each attempt finds its pass's outcome ready or nearly so.
+// The cutting loops of a search's passes, worked out apart from the shared block: by the thread
+// that asks for each, and ahead of it by helper threads on the other cores.
 #pragma once
 
 #include <atomic>
