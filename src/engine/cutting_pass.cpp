@@ -59,12 +59,11 @@ void ApplyChosenPattern(Module1& m) {
 }
 
 bool CutNextStep(Module1& m) {
-    SearchEveryRow(m);
-    return CutRankedStep(m);
+    ChooseNextPattern(m);
+    return CutChosenPattern(m);
 }
 
-bool CutRankedStep(Module1& m) {
-    RankEveryRow(m);
+bool CutChosenPattern(Module1& m) {
     if (m.ChosenBars <= 0) {
         return false;
     }

@@ -15,13 +15,12 @@ void CountTotalPieces(Module1& m);
 // the bars of the chosen row, PiecesLeft and PercentCut.
 void ApplyChosenPattern(Module1& m);
 
-// One cutting step: ChooseNextPattern, then ApplyChosenPattern. Returns false, cutting nothing,
-// when no standard row has a pattern for what is left, so a pass can never loop without
-// progress.
+// One cutting step: ChooseNextPattern, then CutChosenPattern.
 bool CutNextStep(Module1& m);
 
-// The same step once every row has been searched (SearchEveryRow): ranking, choice and cut.
-bool CutRankedStep(Module1& m);
+// Cuts the chosen pattern on its bars. Returns false, cutting nothing, when no standard row had a
+// pattern for what is left, so a pass can never loop without progress.
+bool CutChosenPattern(Module1& m);
 
 // The share of pieces cut, on the caption of cmdHelpTip and on ProgressBar1.
 void ShowPercentCut(const Module1& m, Surface& surface);

@@ -139,7 +139,8 @@ PassOutcome SharedSteps::OutcomeOf(const Arrangement& arrangement, int thread) {
         }
     }
     work.EngineStd = searches.EngineStd;
-    CutRankedStep(work);
+    RankEveryRow(work);
+    CutChosenPattern(work);
     return PassOutcome::Of(work);
 }
 
