@@ -193,7 +193,7 @@ std::vector<std::string> Grouped(bool methodA,
     std::vector<std::string> tiny3;
     for (const auto& [line, row] : lines) {
         tiny3.push_back(line);
-        bench.m.LineRows.push_back(row);
+        bench.m.PassLines.push_back({row, 0, 0, 0, {}});
     }
     EXPECT_TRUE(bench.files.WriteFile("tiny3.sol", JoinLines(tiny3)));
     EXPECT_TRUE(GroupByLength(bench.m, bench.files));
@@ -225,7 +225,7 @@ TEST(GroupByLength, EachRowListsTheLinesItCutLongestFirst) {
 TEST(GroupByLength, RefusesLinesWithoutTheirRows) {
     Bench bench;
     ASSERT_TRUE(bench.files.WriteFile("tiny3.sol", JoinLines({"one", "two"})));
-    bench.m.LineRows = {1};
+    bench.m.PassLines = {{1, 0, 0, 0, {}}};
     EXPECT_FALSE(GroupByLength(bench.m, bench.files));
 }
 

@@ -76,7 +76,12 @@ TEST(CuttingLine, WasteBlockFollowsTheMethodAndItsPrices) {
                                         body + "     11      0.05      0.55      0.20      2.20",
                                         body + "     11      0.05      0.55", body, body}));
     EXPECT_EQ(m.LineText, body);
-    EXPECT_EQ(m.LineRows, (std::vector<uint8_t>{2, 2, 2, 2, 2}));
+    ASSERT_EQ(m.PassLines.size(), 5u);
+    for (const CutLineRecord& line : m.PassLines) {
+        EXPECT_EQ(line.row, 2);
+        EXPECT_EQ(line.stdLength, m.StdLength(2));
+        EXPECT_EQ(line.bars, m.ChosenBars);
+    }
     EXPECT_EQ(m.MaxItemsInLine, 2.0f);
     // Only the three lines with a waste block count their bars.
     EXPECT_EQ(m.WasteBarsTotal, 33.0f);

@@ -58,6 +58,13 @@ void ApplyChosenPattern(Module1& m) {
         static_cast<float>(static_cast<double>(m.TotalPieces - m.PiecesLeft) / m.TotalPieces * 100);
 }
 
+void KeepBarsBought(Module1& m) {
+    for (int row = 1; row <= m.StdCount; ++row) {
+        const float bars = m.MethodA ? m.BarsUsedA(row) : m.BarsUsedB(row);
+        m.BarsBought(row) = static_cast<int32_t>(std::lround(bars));
+    }
+}
+
 bool CutNextStep(Module1& m) {
     ChooseNextPattern(m);
     return CutChosenPattern(m);

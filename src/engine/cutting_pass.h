@@ -15,6 +15,9 @@ void CountTotalPieces(Module1& m);
 // the bars of the chosen row, PiecesLeft and PercentCut.
 void ApplyChosenPattern(Module1& m);
 
+// The bars of each standard row of the finished pass, from the bars used of its Method.
+void KeepBarsBought(Module1& m);
+
 // One cutting step: ChooseNextPattern, then CutChosenPattern.
 bool CutNextStep(Module1& m);
 

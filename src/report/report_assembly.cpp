@@ -16,9 +16,9 @@ namespace brennik {
 
 namespace {
 
-// The new report is written beside last.sol and then put in its place, so that a failed write
+// The new report is written beside its target and then put in its place, so that a failed write
 // leaves the previous report whole.
-const std::string kAsideFile = "last.sol.new";
+const std::string kAsideSuffix = ".new";
 const std::array<std::string, 6> kWorkFiles = {"tiny1.sol", "tiny2.sol", "tiny3.sol",
                                                "tiny4.sol", "thead.sol", "tfoot.sol"};
 
@@ -121,7 +121,7 @@ bool GroupByLength(Module1& m, FileSystem& files) {
         return false;
     }
     // Every cutting line must have the row that cut it; a line without one would be lost.
-    if (lines.size() != m.LineRows.size()) {
+    if (lines.size() != m.PassLines.size()) {
         return false;
     }
 
@@ -138,7 +138,7 @@ bool GroupByLength(Module1& m, FileSystem& files) {
     for (int i = 1; i <= MaxStdLengths; ++i) {
         if (HasBars(m, i)) {
             for (std::size_t k = 0; k < lines.size(); ++k) {
-                if (m.LineRows[k] == rowBefore[static_cast<std::size_t>(i - 1)]) {
+                if (m.PassLines[k].row == rowBefore[static_cast<std::size_t>(i - 1)]) {
                     grouped.push_back(lines[k]);
                 }
             }
@@ -151,7 +151,7 @@ bool GroupByLength(Module1& m, FileSystem& files) {
     return WriteLines(files, "tiny4.sol", grouped);
 }
 
-bool JoinReport(FileSystem& files) {
+bool JoinReport(FileSystem& files, const std::string& target) {
     std::vector<std::string> report;
     for (const char* part : {"thead.sol", "tiny4.sol", "tfoot.sol"}) {
         std::vector<std::string> lines;
@@ -160,19 +160,26 @@ bool JoinReport(FileSystem& files) {
         }
         report.insert(report.end(), lines.begin(), lines.end());
     }
-    if (!WriteLines(files, kAsideFile, report) || !files.ReplaceFile(kAsideFile, "last.sol")) {
+    const std::string aside = target + kAsideSuffix;
+    if (!WriteLines(files, aside, report) || !files.ReplaceFile(aside, target)) {
         return false;
     }
     // The new report is in place; a work file that cannot be removed does not undo it.
-    RemoveWorkFiles(files);
+    RemoveWorkFiles(files, target);
     return true;
 }
 
-void RemoveWorkFiles(FileSystem& files) {
+void RemoveWorkFiles(FileSystem& files, const std::string& target) {
     for (const std::string& name : kWorkFiles) {
         files.RemoveFile(name);
     }
-    files.RemoveFile(kAsideFile);
+    files.RemoveFile(target + kAsideSuffix);
+}
+
+bool AssembleReport(Module1& m, FileSystem& files, const Clock& clock,
+                    const std::vector<std::string>& tiny1, const std::string& target) {
+    return files.WriteFile("tiny1.sol", JoinLines(tiny1)) && SqueezeSlots(m, files) &&
+           SplitReport(m, files, clock) && GroupByLength(m, files) && JoinReport(files, target);
 }
 
 }  // namespace brennik

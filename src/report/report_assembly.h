@@ -4,6 +4,9 @@
 // false, at once, when a file could not be read or written.
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "files/file_system.h"
 #include "report/clock.h"
 #include "state/module1.h"
@@ -23,11 +26,16 @@ bool SplitReport(const Module1& m, FileSystem& files, const Clock& clock);
 // one space.
 bool GroupByLength(Module1& m, FileSystem& files);
 
-// thead.sol, tiny4.sol and tfoot.sol -> last.sol, which is replaced in one step so that it is
-// never half written; then the work files are removed.
-bool JoinReport(FileSystem& files);
+// thead.sol, tiny4.sol and tfoot.sol -> last.sol (or `target`), which is replaced in one step so
+// that it is never half written; then the work files are removed.
+bool JoinReport(FileSystem& files, const std::string& target = "last.sol");
 
-// Removes the six work files and the aside copy of last.sol, as far as it can.
-void RemoveWorkFiles(FileSystem& files);
+// The whole road from the lines of tiny1.sol to the finished report `target`: writes tiny1.sol,
+// then SqueezeSlots, SplitReport, GroupByLength and JoinReport.
+bool AssembleReport(Module1& m, FileSystem& files, const Clock& clock,
+                    const std::vector<std::string>& tiny1, const std::string& target = "last.sol");
+
+// Removes the six work files and the aside copy of last.sol (or `target`), as far as it can.
+void RemoveWorkFiles(FileSystem& files, const std::string& target = "last.sol");
 
 }  // namespace brennik

@@ -77,7 +77,7 @@ void WriteReportHead(Module1& m, const Clock& clock, std::vector<std::string>& t
     tiny1.push_back(RuleLine(m));
 
     CountTotalPieces(m);
-    m.LineRows.clear();
+    m.PassLines.clear();
 }
 
 void WriteCuttingLine(Module1& m, std::vector<std::string>& tiny1) {
@@ -119,10 +119,15 @@ void WriteCuttingLine(Module1& m, std::vector<std::string>& tiny1) {
         }
     }
     tiny1.push_back(line);
-    m.LineRows.push_back(static_cast<uint8_t>(m.ChosenStd));
+    CutLineRecord record{
+        static_cast<uint8_t>(row), m.StdLength(row), m.StdPrice(row), m.ChosenBars, {}};
+    for (int j = 1; j <= m.CutCount; ++j) {
+        record.pieces(j) = m.PatternPieces(row, j);
+    }
+    m.PassLines.push_back(record);
 }
 
-void WriteReportFoot(const Module1& m, std::vector<std::string>& tiny1) {
+void WriteReportFoot(const Module1& m, std::vector<std::string>& tiny1, std::string_view mark) {
     const int c = m.CutCount;
     const bool methodA = m.MethodA != kFalse;
     const bool summary = m.ShowWasteSummary != kFalse;
@@ -135,12 +140,14 @@ void WriteReportFoot(const Module1& m, std::vector<std::string>& tiny1) {
 
     tiny1.push_back(RuleLine(m));
 
-    std::string method;
+    // The label is 21 columns: "Method Used    => " and the letters, "AA", "BA", "A" or "B".
+    std::string method = "Method Used    => ";
+    method += methodA ? "A" : "B";
     if (m.Advanced) {
-        method = methodA ? "Method Used    => AA " : "Method Used    => BA ";
-    } else {
-        method = methodA ? "Method Used    => A  " : "Method Used    => B  ";
+        method += "A";
     }
+    method += mark;
+    method += Spaces(21 - static_cast<int>(method.size()));
     method += Spaces(14 * (c - 1)) + Spaces(12);
     if (summary) {
         // Each total stands under its column; "Material" and "Money" per bar have none.

@@ -1,11 +1,9 @@
 #include "run/run_pass.h"
 
-#include <cmath>
 #include <string>
 #include <vector>
 
 #include "engine/cutting_pass.h"
-#include "files/text_lines.h"
 #include "report/report_assembly.h"
 #include "report/report_lines.h"
 #include "run/results_panel.h"
@@ -103,12 +101,6 @@ bool CutAndReport(Module1& m, Surface& surface, std::vector<std::string>& tiny1)
     return true;
 }
 
-bool AssembleReport(Module1& m, Platform& platform, const std::vector<std::string>& tiny1) {
-    FileSystem& files = platform.files;
-    return files.WriteFile("tiny1.sol", JoinLines(tiny1)) && SqueezeSlots(m, files) &&
-           SplitReport(m, files, platform.clock) && GroupByLength(m, files) && JoinReport(files);
-}
-
 }  // namespace
 
 void RunPass(Module1& m, Platform& platform) {
@@ -178,13 +170,10 @@ void RunPass(Module1& m, Platform& platform) {
         return;
     }
 
-    for (int row = 1; row <= m.StdCount; ++row) {
-        const float bars = m.MethodA ? m.BarsUsedA(row) : m.BarsUsedB(row);
-        m.BarsBought(row) = static_cast<int32_t>(std::lround(bars));
-    }
+    KeepBarsBought(m);
     WriteReportFoot(m, tiny1);
 
-    if (!AssembleReport(m, platform, tiny1)) {
+    if (!AssembleReport(m, platform.files, platform.clock, tiny1)) {
         RemoveWorkFiles(platform.files);
         m.FileError = kTrue;
         ShowStatus(surface, White, Red, " Cannot write the solution file !.");

@@ -1,6 +1,8 @@
 // brennik-solve: the headless companion of the desktop program. It loads a problem file into
 // the entry boxes as Load does, sets the run mode and the settings, presses Find Solution once
 // on the in-memory screen, and prints what the screen shows, or the report it wrote.
+#include <atomic>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -11,14 +13,20 @@
 #include <utility>
 #include <vector>
 
+#include "engine/better_solution.h"
 #include "files/file_system.h"
 #include "files/problem_files.h"
 #include "files/settings.h"
+#include "optimise/cheaper_plan.h"
+#include "optimise/press_plan.h"
 #include "report/clock.h"
 #include "report/page_files.h"
+#include "report/plan_report.h"
 #include "run/find_press.h"
+#include "run/results_panel.h"
 #include "shell/memory_surface.h"
 #include "state/module1.h"
+#include "state/number_texts.h"
 
 namespace brennik {
 namespace {
@@ -26,7 +34,7 @@ namespace {
 constexpr const char* Usage =
     "Usage: brennik-solve [--method A|B] [--advanced] [--waste-summary] [--reference TEXT]\n"
     "                     [--dir DIR] [--now YYYY-MM-DDTHH:MM] [--page-width N] [--pages]\n"
-    "                     [--print] [--verbose]\n"
+    "                     [--print] [--verbose] [--bound] [--optimise] [--time-limit S]\n"
     "                     PROBLEM_FILE\n";
 
 constexpr const char* Help =
@@ -48,11 +56,18 @@ constexpr const char* Help =
     "  --print           print last.sol instead of the figures\n"
     "  --verbose         also print every status text of the press, in order, with the\n"
     "                    attempt of the Advanced search at which it was set\n"
+    "  --bound           after the press, work out the least cost (when every standard\n"
+    "                    length has a price) and the least material that any plan could\n"
+    "                    reach, and how far the press's plan lies above them\n"
+    "  --optimise        after the press, search for a cheaper plan and write it to\n"
+    "                    cheaper.sol beside last.sol, which keeps the press's plan\n"
+    "  --time-limit S    seconds for --bound and --optimise together (default 10); on\n"
+    "                    Ctrl-C or at the limit the best plan found so far is written\n"
     "  --help            show this text\n"
     "\n"
     "Exit status: 0 when last.sol was written, 1 when the entries were refused (the status\n"
     "text goes to standard error), 2 for a usage error, a problem file that cannot be read,\n"
-    "or a solution file that cannot be written.\n";
+    "or a solution file (last.sol or cheaper.sol) that cannot be written.\n";
 
 struct Options {
     bool methodB = false;
@@ -65,6 +80,9 @@ struct Options {
     bool pages = false;
     bool print = false;
     bool verbose = false;
+    bool bound = false;
+    bool optimise = false;
+    double timeLimit = 10;
     std::string problemFile;
 };
 
@@ -87,6 +105,14 @@ std::optional<std::tm> ParseMoment(const std::string& text) {
     moment.tm_year = year - 1900;
     moment.tm_mon = month - 1;
     return moment;
+}
+
+double SecondsFrom(const std::string& text) {
+    const std::optional<double> seconds = WholeNumberValue(text);
+    if (!seconds || !(*seconds >= 0)) {
+        Fail("--time-limit takes a number of seconds, not '" + text + "'");
+    }
+    return *seconds;
 }
 
 Options ParseOptions(int argc, char** argv) {
@@ -130,6 +156,12 @@ Options ParseOptions(int argc, char** argv) {
             options.print = true;
         } else if (arg == "--verbose") {
             options.verbose = true;
+        } else if (arg == "--bound") {
+            options.bound = true;
+        } else if (arg == "--optimise" || arg == "--optimize") {
+            options.optimise = true;
+        } else if (arg == "--time-limit") {
+            options.timeLimit = SecondsFrom(valueOf(i));
         } else if (arg.starts_with("-") && arg != "-") {
             Fail("unknown option " + arg + "\n" + Usage);
         } else if (!options.problemFile.empty()) {
@@ -215,6 +247,73 @@ void PrintFigures(const Module1& m, const StatusLog& screen) {
     }
 }
 
+// Ctrl-C during the search for a cheaper plan stops it, and the best plan so far is written.
+std::atomic<bool> cancelRequested{false};
+
+extern "C" void RequestCancel(int) {
+    cancelRequested.store(true);
+}
+
+// The figure the Method keeps small, of a plan and at best, in the units of the entries.
+double MethodFigure(const CuttingProblem& problem, const Plan& plan) {
+    const int64_t hundredths = problem.objective == Objective::Cost ? PlanCost(problem, plan)
+                                                                    : PlanMaterial(problem, plan);
+    return static_cast<double>(hundredths) / 100.0;
+}
+
+std::optional<double> LeastMethodFigure(const CuttingProblem& problem,
+                                        const PlanSearchOutcome& outcome) {
+    return problem.objective == Objective::Cost ? outcome.leastCost : outcome.leastMaterial;
+}
+
+void PrintGap(const CuttingProblem& problem, const Plan& plan, const PlanSearchOutcome& outcome) {
+    const std::optional<double> least = LeastMethodFigure(problem, outcome);
+    if (least && *least > 0) {
+        std::printf("This plan is %.2f %% above\n",
+                    (MethodFigure(problem, plan) - *least) / *least * 100.0);
+    }
+}
+
+void PrintStop(const PlanSearchOutcome& outcome, const char* what) {
+    if (outcome.cancelled) {
+        std::printf("The search was cancelled: %s.\n", what);
+    } else if (outcome.stoppedEarly) {
+        std::printf("The time limit ran out: %s.\n", what);
+    }
+}
+
+void PrintBound(const CuttingProblem& problem, const Plan& pressPlan,
+                const PlanSearchOutcome& outcome) {
+    if (outcome.leastCost) {
+        std::printf("Least possible cost      %.2f\n", *outcome.leastCost);
+    }
+    if (outcome.leastMaterial) {
+        std::printf("Least possible material  %.2f\n", *outcome.leastMaterial);
+    }
+    PrintGap(problem, pressPlan, outcome);
+    if (!outcome.boundProven) {
+        PrintStop(outcome, "the least figures are lower bounds that a longer search may raise");
+    }
+}
+
+// The plan's figures in the form of the press's, from the read-out boxes its block would fill.
+void PrintCheaperPlan(const Module1& planBlock, bool advanced, const CuttingProblem& problem,
+                      const PlanSearchOutcome& outcome, bool withGap) {
+    StatusLog screen(planBlock);
+    screen.SetValue({Ctl::Check1}, advanced);
+    RefreshResults(planBlock, screen);
+    ShowEntriesAndBars(planBlock, screen);
+    std::printf("Cheaper plan\n");
+    PrintFigures(planBlock, screen);
+    if (withGap) {
+        PrintGap(problem, outcome.plan, outcome);
+    }
+    if (!outcome.improved) {
+        std::printf("No cheaper plan was found: cheaper.sol holds the plan of the press.\n");
+    }
+    PrintStop(outcome, "this is the best plan found so far");
+}
+
 int Solve(const Options& options) {
     namespace fs = std::filesystem;
     std::error_code error;
@@ -222,10 +321,10 @@ int Solve(const Options& options) {
     if (error || !fs::is_directory(dir)) {
         Fail("no such folder: " + options.dir);
     }
-    const fs::path problem = fs::absolute(options.problemFile, error);
+    const fs::path problemPath = fs::absolute(options.problemFile, error);
     DiskFileSystem files(dir.string(), dir.string());
     std::string contents;
-    if (error || !files.ReadFile(problem.string(), contents)) {
+    if (error || !files.ReadFile(problemPath.string(), contents)) {
         Fail("cannot read " + options.problemFile);
     }
 
@@ -238,7 +337,7 @@ int Solve(const Options& options) {
     m->PageWidth = options.pageWidth;
     screen.SetNextInput(options.reference);
 
-    screen.SetNextFileName(problem.string());
+    screen.SetNextFileName(problemPath.string());
     LoadProblem(*m, screen, files);
 
     std::unique_ptr<Clock> clock;
@@ -269,6 +368,25 @@ int Solve(const Options& options) {
     if (options.pages) {
         ViewSolution(*m, screen, files);
     }
+
+    // Only a problem the press accepted is searched for its least figures and a cheaper plan.
+    std::optional<PlanSearchOutcome> outcome;
+    const CuttingProblem problem = ProblemOfPress(*m);
+    const Plan pressPlan = PlanOfPress(*m, problem);
+    auto planBlock = std::make_unique<Module1>(*m);
+    if (options.bound || options.optimise) {
+        std::signal(SIGINT, RequestCancel);
+        outcome = SearchCheaperPlan(problem, pressPlan,
+                                    {options.timeLimit, &cancelRequested, options.optimise});
+        std::signal(SIGINT, SIG_DFL);
+    }
+    if (options.optimise) {
+        planBlock->Advanced = ToFlag(options.advanced);
+        if (!WritePlanReport(*planBlock, problem, outcome->plan, files, *clock, "cheaper.sol")) {
+            std::cerr << "brennik-solve: cannot write cheaper.sol\n";
+            return 2;
+        }
+    }
     if (options.verbose) {
         PrintStatusTexts(screen);
     }
@@ -281,6 +399,13 @@ int Solve(const Options& options) {
     } else {
         std::cout << status << "\n";
         PrintFigures(*m, screen);
+    }
+    std::cout.flush();
+    if (options.bound) {
+        PrintBound(problem, pressPlan, *outcome);
+    }
+    if (options.optimise) {
+        PrintCheaperPlan(*planBlock, options.advanced, problem, *outcome, options.bound);
     }
     return 0;
 }

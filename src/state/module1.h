@@ -36,6 +36,17 @@ using StdRows = Rows<T, MaxStdLengths>;
 template <typename T>
 using CutRows = Rows<T, MaxCutLengths>;
 
+// One cutting line of a pass as it was written: the standard row that cut it (as the pass
+// numbered its rows), that row's length and price, the bars cut, and the pieces of each cutting
+// row in one bar.
+struct CutLineRecord {
+    uint8_t row = 0;
+    float stdLength = 0;
+    float stdPrice = 0;
+    int32_t bars = 0;
+    CutRows<int32_t> pieces;
+};
+
 struct Module1 {
     // The problem.
     StdRows<float> StdLength;
@@ -120,9 +131,9 @@ struct Module1 {
     float MaxItemsInLine = 0;
     float WasteBarsTotal = 0;
     std::string LineText;
-    // The standard row that cut each cutting line of this pass, in the order of the lines, so
-    // that every line reaches the group of its own row.
-    std::vector<uint8_t> LineRows;
+    // Every cutting line of this pass, in the order of the lines, so that every line reaches
+    // the group of its own row, and so that the plan of the pass can be looked at afterwards.
+    std::vector<CutLineRecord> PassLines;
 
     // Settings.
     Flag ShowWasteSummary = kFalse;

@@ -1,0 +1,115 @@
+#include "optimise/rounding.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace brennik {
+
+namespace {
+
+bool NothingWanted(const std::vector<int64_t>& demand) {
+    return std::all_of(demand.begin(), demand.end(), [](int64_t d) { return d <= 0; });
+}
+
+void Buy(const Column& column, int64_t bars, std::vector<int64_t>& demand) {
+    for (std::size_t j = 0; j < demand.size(); ++j) {
+        demand[j] = std::max<int64_t>(0, demand[j] - bars * column.pieces[j]);
+    }
+}
+
+// What is still wanted, each length cut on its own, from the standard length whose bars of that
+// length alone cost least by the master's figure.
+void CutEachAlone(const CuttingProblem& problem, MasterLp& master, std::vector<int64_t>& bars,
+                  std::vector<int64_t>& demand) {
+    for (std::size_t j = 0; j < demand.size(); ++j) {
+        if (demand[j] <= 0) {
+            continue;
+        }
+        int bestStock = -1;
+        int64_t bestBars = 0;
+        std::vector<int64_t> bestPieces;
+        for (int s = 0; s < static_cast<int>(problem.stock.size()); ++s) {
+            const int64_t fits =
+                std::min(demand[j], problem.stock[s].length100 / problem.pieces[j].length100);
+            if (fits == 0) {
+                continue;
+            }
+            const int64_t needed = (demand[j] + fits - 1) / fits;
+            if (bestStock < 0 || static_cast<double>(needed) * master.BarFigure(s) <
+                                     static_cast<double>(bestBars) * master.BarFigure(bestStock)) {
+                bestStock = s;
+                bestBars = needed;
+                bestPieces.assign(demand.size(), 0);
+                bestPieces[j] = fits;
+            }
+        }
+        if (bestStock < 0) {
+            continue;  // fits no bar: the intake refuses such a length before any plan
+        }
+        master.AddColumn(bestStock, bestPieces);
+        for (std::size_t k = 0; k < master.Columns().size(); ++k) {
+            const Column& column = master.Columns()[k];
+            if (column.stock == bestStock && column.pieces == bestPieces) {
+                bars.resize(master.Columns().size(), 0);
+                bars[k] += bestBars;
+                Buy(column, bestBars, demand);
+                break;
+            }
+        }
+    }
+}
+
+}  // namespace
+
+std::vector<int64_t> RoundResidually(const CuttingProblem& problem, MasterLp& master,
+                                     const Deadline& deadline) {
+    std::vector<int64_t> demand = master.Demand();
+    std::vector<int64_t> bars(master.Columns().size(), 0);
+    std::vector<double> values = master.ColumnValues();
+    while (!NothingWanted(demand) && !deadline.Passed()) {
+        bars.resize(master.Columns().size(), 0);
+        bool bought = false;
+        std::size_t most = values.size();
+        for (std::size_t k = 0; k < values.size(); ++k) {
+            const auto whole = static_cast<int64_t>(std::floor(values[k] + 1e-6));
+            if (whole > 0) {
+                bars[k] += whole;
+                Buy(master.Columns()[k], whole, demand);
+                bought = true;
+            }
+            if (values[k] > 1e-9 && (most == values.size() || values[k] > values[most])) {
+                most = k;
+            }
+        }
+        if (!bought) {
+            if (most == values.size()) {
+                break;
+            }
+            bars[most] += 1;
+            Buy(master.Columns()[most], 1, demand);
+        }
+        if (NothingWanted(demand)) {
+            break;
+        }
+        master.SetDemand(demand);
+        master.Solve(deadline);
+        values = master.ColumnValues();
+    }
+    bars.resize(master.Columns().size(), 0);
+    CutEachAlone(problem, master, bars, demand);
+    return bars;
+}
+
+Plan PlanOfColumns(const CuttingProblem& problem, const MasterLp& master,
+                   const std::vector<int64_t>& bars) {
+    Plan covering;
+    for (std::size_t k = 0; k < bars.size() && k < master.Columns().size(); ++k) {
+        if (bars[k] > 0) {
+            const Column& column = master.Columns()[k];
+            covering.push_back({column.stock, bars[k], column.pieces});
+        }
+    }
+    return TrimmedToQuantities(problem, covering);
+}
+
+}  // namespace brennik
