@@ -31,11 +31,11 @@ public:
         return std::uniform_int_distribution<int64_t>(low, high)(random_);
     }
 
-    // Different bar lengths in hundredths from `bar`, and prices near a rate per length.
+    // `count` different bar lengths in hundredths from `bar`, and prices near a rate per length.
     std::vector<std::pair<std::string, std::string>> Stock(const std::function<int64_t()>& bar,
-                                                           bool priced) {
+                                                           bool priced, int count) {
         std::set<int64_t> lengths;
-        while (lengths.size() < static_cast<std::size_t>(shape_.stdLengths)) {
+        while (lengths.size() < static_cast<std::size_t>(count)) {
             lengths.insert(bar());
         }
         const int64_t rate = Between(200, 900);  // hundredths of money per 100 length units
@@ -66,10 +66,13 @@ public:
         return cuts;
     }
 
+    // `stdLengths` bars, or as many as the shape has.
     ProblemText Make(const std::function<int64_t()>& bar, const std::function<int64_t()>& piece,
-                     int64_t maxQuantity) {
+                     int64_t maxQuantity, int stdLengths = 0) {
         ProblemText problem;
-        problem.stock = Stock(bar, Between(0, 3) != 0);
+        problem.stock =
+            Stock(bar, Between(0, 3) != 0,
+                  stdLengths > 0 ? std::min(stdLengths, shape_.stdLengths) : shape_.stdLengths);
         int64_t longest = 0;
         for (const auto& [length, price] : problem.stock) {
             longest =
@@ -196,6 +199,18 @@ std::vector<Family> MakeFamilies(int perFamily, uint32_t seed, Shape shape) {
             const int64_t shortest = g.Between(100, 300);
             f.problems.push_back(g.Make([&] { return g.Between(7, 24) * 100; },
                                         [&] { return shortest + g.Between(0, 60); }, 99));
+        }
+        return f;
+    }());
+    // One to three bar lengths and pieces of 10 % to 60 % of the longest: a few pieces a bar,
+    // where cutting bar after bar leaves the most behind.
+    families.push_back([&] {
+        Family f{"long pieces", true, {}};
+        for (int k = 0; k < perFamily; ++k) {
+            const int64_t longest = g.Between(30, 120) * 10;
+            f.problems.push_back(g.Make([&] { return longest - g.Between(0, 3) * longest / 10; },
+                                        [&] { return g.Between(longest / 10, longest * 6 / 10); },
+                                        60, static_cast<int>(g.Between(1, 3))));
         }
         return f;
     }());

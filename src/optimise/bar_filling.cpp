@@ -142,12 +142,108 @@ private:
     std::size_t stoppedAt_ = 0;
 };
 
+// The best filling by a table over every length the bar can be filled to, in steps of the
+// common divisor of the items' lengths: each item's pieces split into parts of 1, 2, 4, ...
+// pieces, each part taken whole or not. Exact, and its work is known beforehand.
+class Table {
+public:
+    Table(const std::vector<BarItem>& items, int64_t capacity) {
+        for (const BarItem& item : items) {
+            if (Usable(item, capacity)) {
+                step_ = std::gcd(step_, item.length);
+            }
+        }
+        cells_ = step_ > 0 ? capacity / step_ + 1 : 1;
+        for (std::size_t k = 0; k < items.size(); ++k) {
+            if (!Usable(items[k], capacity)) {
+                continue;
+            }
+            const int64_t weight = items[k].length / step_;
+            int64_t left = std::min(items[k].most, (cells_ - 1) / weight);
+            for (int64_t chunk = 1; left > 0; chunk *= 2) {
+                const int64_t pieces = std::min(chunk, left);
+                parts_.push_back(
+                    {k, pieces, pieces * weight, static_cast<double>(pieces) * items[k].value});
+                left -= pieces;
+            }
+        }
+    }
+
+    // Cells times parts: the number of steps of Run.
+    double Work() const {
+        return static_cast<double>(cells_) * static_cast<double>(parts_.size() + 1);
+    }
+
+    BarFilling Run(const std::vector<BarItem>& items, double threshold) const {
+        const auto cells = static_cast<std::size_t>(cells_);
+        const std::size_t words = (cells + 63) / 64;
+        std::vector<double> best(cells, 0);
+        std::vector<uint64_t> taken(parts_.size() * words, 0);
+        for (std::size_t p = 0; p < parts_.size(); ++p) {
+            const auto weight = static_cast<std::size_t>(parts_[p].weight);
+            uint64_t* row = taken.data() + p * words;
+            for (std::size_t c = cells; c-- > weight;) {
+                const double with = best[c - weight] + parts_[p].value;
+                if (with > best[c]) {
+                    best[c] = with;
+                    row[c / 64] |= uint64_t{1} << (c % 64);
+                }
+            }
+        }
+        BarFilling answer;
+        answer.counts.assign(items.size(), 0);
+        std::size_t c = cells - 1;
+        for (std::size_t p = parts_.size(); p-- > 0;) {
+            if ((taken[p * words + c / 64] >> (c % 64) & 1) != 0) {
+                answer.counts[parts_[p].item] += parts_[p].pieces;
+                c -= static_cast<std::size_t>(parts_[p].weight);
+            }
+        }
+        answer.value = best[cells - 1];
+        answer.upperBound = std::max(answer.value, threshold);
+        answer.complete = true;
+        return answer;
+    }
+
+private:
+    struct Part {
+        std::size_t item;
+        int64_t pieces;
+        int64_t weight;
+        double value;
+    };
+
+    static bool Usable(const BarItem& item, int64_t capacity) {
+        return item.value > 0 && item.most > 0 && item.length > 0 && item.length <= capacity;
+    }
+
+    int64_t step_ = 0;
+    int64_t cells_ = 1;
+    std::vector<Part> parts_;
+};
+
+// A table this small costs less than starting a search; one this large is worth its time
+// only when the search has not ended within its budget.
+constexpr double SmallTable = 1e6;
+constexpr double LargestTable = 5e7;
+constexpr int64_t SearchBudgetBeforeTable = 200'000;
+
 }  // namespace
 
 BarFilling FillBar(const std::vector<BarItem>& items, int64_t capacity, double threshold,
                    const Deadline& deadline, int64_t nodeBudget) {
-    Search search(items, threshold, deadline, nodeBudget);
-    return search.Run(items, capacity);
+    const Table table(items, capacity);
+    if (table.Work() <= SmallTable) {
+        return table.Run(items, threshold);
+    }
+    const bool tableAfter = table.Work() <= LargestTable;
+    Search search(items, threshold, deadline,
+                  tableAfter ? std::min(nodeBudget, SearchBudgetBeforeTable) : nodeBudget);
+    BarFilling filling = search.Run(items, capacity);
+    if (!filling.complete && tableAfter && !deadline.Passed()) {
+        return table.Run(items, threshold);
+    }
+    return filling;
 }
 
 }  // namespace brennik

@@ -11,8 +11,10 @@ namespace brennik {
 
 namespace {
 
-// CBC gets at most this share of the time limit: the rounding is near the bound already, and
-// what CBC finds after the first moments is seldom worth a user's wait.
+// Shares of the time limit: each relaxation at most, and CBC at most, as the rounding is near
+// the bound already and what CBC finds after the first moments is seldom worth a user's wait.
+constexpr double OwnRelaxationShare = 0.5;
+constexpr double OtherRelaxationShare = 0.2;
 constexpr double WholeBarsShare = 0.05;
 
 double ToCents(double value) {
@@ -77,13 +79,24 @@ PlanSearchOutcome SearchCheaperPlan(const CuttingProblem& problem, const Plan& t
         problem.objective == Objective::Cost ? Objective::Material : Objective::Cost;
     const bool otherWanted = other == Objective::Material || problem.allPriced;
 
-    // The relaxation of the Method's own figure first: its columns make the plan.
+    // The relaxation of the Method's own figure first: its columns make the plan. Each
+    // relaxation has a share of the time, so that a problem whose pricing is slow still gets
+    // both least figures and a plan.
     MasterLp master(problem, problem.objective);
     for (const PlanLine& line : toBeat) {
         master.AddColumn(line.stock, line.pieces);
     }
-    const Relaxation own = master.Solve(deadline);
+    const Relaxation own = master.Solve(deadline.Within(options.timeLimit * OwnRelaxationShare));
     const double ownBound = Figure(own);
+
+    Relaxation second;
+    if (otherWanted && !deadline.Passed()) {
+        MasterLp otherMaster(problem, other);
+        for (const PlanLine& line : toBeat) {
+            otherMaster.AddColumn(line.stock, line.pieces);
+        }
+        second = otherMaster.Solve(deadline.Within(options.timeLimit * OtherRelaxationShare));
+    }
 
     if (options.findPlan && !deadline.Passed()) {
         std::vector<int64_t> bars = RoundResidually(problem, master, deadline);
@@ -103,15 +116,6 @@ PlanSearchOutcome SearchCheaperPlan(const CuttingProblem& problem, const Plan& t
         }
     }
 
-    Relaxation second;
-    if (otherWanted && !deadline.Passed()) {
-        MasterLp otherMaster(problem, other);
-        for (const PlanLine& line : outcome.plan) {
-            otherMaster.AddColumn(line.stock, line.pieces);
-        }
-        second = otherMaster.Solve(deadline);
-    }
-
     const bool ownDone = own.proven || own.lowerBound > 0;
     const bool secondDone = second.proven || second.lowerBound > 0;
     const Relaxation& cost = problem.objective == Objective::Cost ? own : second;
@@ -129,7 +133,7 @@ PlanSearchOutcome SearchCheaperPlan(const CuttingProblem& problem, const Plan& t
     }
     outcome.boundProven = own.proven && (!otherWanted || second.proven);
     outcome.cancelled = deadline.Cancelled();
-    outcome.stoppedEarly = deadline.Passed() && !outcome.boundProven;
+    outcome.stoppedEarly = deadline.Passed() || !outcome.boundProven;
     return outcome;
 }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "optimise/bar_filling.h"
+
 namespace brennik {
 
 namespace {
@@ -14,6 +16,21 @@ bool NothingWanted(const std::vector<int64_t>& demand) {
 void Buy(const Column& column, int64_t bars, std::vector<int64_t>& demand) {
     for (std::size_t j = 0; j < demand.size(); ++j) {
         demand[j] = std::max<int64_t>(0, demand[j] - bars * column.pieces[j]);
+    }
+}
+
+// Buys `count` bars of a way of cutting, which joins the master's columns if it is new.
+void BuyColumn(MasterLp& master, int stock, const std::vector<int64_t>& pieces, int64_t count,
+               std::vector<int64_t>& bars, std::vector<int64_t>& demand) {
+    master.AddColumn(stock, pieces);
+    bars.resize(master.Columns().size(), 0);
+    for (std::size_t k = 0; k < master.Columns().size(); ++k) {
+        const Column& column = master.Columns()[k];
+        if (column.stock == stock && column.pieces == pieces) {
+            bars[k] += count;
+            Buy(column, count, demand);
+            return;
+        }
     }
 }
 
@@ -46,17 +63,50 @@ void CutEachAlone(const CuttingProblem& problem, MasterLp& master, std::vector<i
         if (bestStock < 0) {
             continue;  // fits no bar: the intake refuses such a length before any plan
         }
-        master.AddColumn(bestStock, bestPieces);
-        for (std::size_t k = 0; k < master.Columns().size(); ++k) {
-            const Column& column = master.Columns()[k];
-            if (column.stock == bestStock && column.pieces == bestPieces) {
-                bars.resize(master.Columns().size(), 0);
-                bars[k] += bestBars;
-                Buy(column, bestBars, demand);
-                break;
+        BuyColumn(master, bestStock, bestPieces, bestBars, bars, demand);
+    }
+}
+
+// What is still wanted, bar after bar: of every standard length the fullest bar of what is left,
+// and of those the one whose figure per length put to use is least, cut as often as what is
+// left allows.
+bool FillGreedily(const CuttingProblem& problem, MasterLp& master, std::vector<int64_t>& bars,
+                  std::vector<int64_t>& demand, const Deadline& deadline) {
+    while (!NothingWanted(demand) && !deadline.Passed()) {
+        int bestStock = -1;
+        double bestRate = 0;
+        std::vector<int64_t> bestPieces;
+        for (int s = 0; s < static_cast<int>(problem.stock.size()); ++s) {
+            const int64_t bar = problem.stock[s].length100;
+            std::vector<BarItem> items;
+            for (std::size_t j = 0; j < demand.size(); ++j) {
+                const int64_t length = problem.pieces[j].length100;
+                items.push_back({length, length <= bar ? std::min(demand[j], bar / length) : 0,
+                                 static_cast<double>(length)});
+            }
+            const BarFilling filling = FillBar(items, bar, 0, deadline);
+            if (filling.value <= 0) {
+                continue;
+            }
+            const double rate = master.BarFigure(s) / filling.value;
+            if (bestStock < 0 || rate < bestRate) {
+                bestStock = s;
+                bestRate = rate;
+                bestPieces = filling.counts;
             }
         }
+        if (bestStock < 0) {
+            return false;
+        }
+        int64_t count = INT64_MAX;
+        for (std::size_t j = 0; j < demand.size(); ++j) {
+            if (bestPieces[j] > 0) {
+                count = std::min(count, demand[j] / bestPieces[j]);
+            }
+        }
+        BuyColumn(master, bestStock, bestPieces, std::max<int64_t>(count, 1), bars, demand);
     }
+    return NothingWanted(demand);
 }
 
 }  // namespace
@@ -69,7 +119,6 @@ std::vector<int64_t> RoundResidually(const CuttingProblem& problem, MasterLp& ma
     while (!NothingWanted(demand) && !deadline.Passed()) {
         bars.resize(master.Columns().size(), 0);
         bool bought = false;
-        std::size_t most = values.size();
         for (std::size_t k = 0; k < values.size(); ++k) {
             const auto whole = static_cast<int64_t>(std::floor(values[k] + 1e-6));
             if (whole > 0) {
@@ -77,16 +126,11 @@ std::vector<int64_t> RoundResidually(const CuttingProblem& problem, MasterLp& ma
                 Buy(master.Columns()[k], whole, demand);
                 bought = true;
             }
-            if (values[k] > 1e-9 && (most == values.size() || values[k] > values[most])) {
-                most = k;
-            }
         }
+        // Once the LP takes no column wholly, rounding one up buys a bar for a fraction of its
+        // pieces; what is left is cut bar by bar instead.
         if (!bought) {
-            if (most == values.size()) {
-                break;
-            }
-            bars[most] += 1;
-            Buy(master.Columns()[most], 1, demand);
+            FillGreedily(problem, master, bars, demand, deadline);
         }
         if (NothingWanted(demand)) {
             break;
