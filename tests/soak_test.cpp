@@ -10,13 +10,17 @@
 #include <cstdlib>
 #include <iostream>
 #include <map>
+#include <memory>
 #include <random>
 #include <sstream>
 #include <string>
 
+#include "optimise/cheaper_plan.h"
+#include "optimise/press_plan.h"
 #include "press_fixture.h"
 #include "problem_families.h"
 #include "problem_fixture.h"
+#include "report/plan_report.h"
 #include "report_reader.h"
 #include "run/find_press.h"
 
@@ -31,6 +35,8 @@ constexpr uint32_t kCiSeed = 20240611;
 // so many problems.
 constexpr int kMostFailingProblems = 5;
 constexpr int kProgressEvery = 50000;
+// Of so many problems, one is searched for a cheaper plan too.
+constexpr int kCheaperPlanEvery = 5;
 
 struct SoakCase {
     std::string family;
@@ -106,7 +112,8 @@ int CheckEnginePass(const SoakCase& soak) {
 
 // Every figure of the report against the others, and its pieces against those asked for.
 // Returns the number of cutting lines read.
-int CheckReport(const std::string& contents, const SoakCase& soak, bool advanced) {
+int CheckReport(const std::string& contents, const SoakCase& soak, bool advanced,
+                const std::string& mark = "") {
     const testing::ParsedReport report = testing::ParseReport(contents);
     for (const std::string& fault : report.faults) {
         ADD_FAILURE() << fault;
@@ -116,9 +123,10 @@ int CheckReport(const std::string& contents, const SoakCase& soak, bool advanced
                                         [](const auto& row) { return row.second.empty(); });
     EXPECT_EQ(report.wasteSummary, soak.wasteSummary);
     EXPECT_EQ(report.money, allPriced);
-    EXPECT_EQ(report.methodLabel, std::string("Method Used    => ") +
-                                      (!soak.methodB && allPriced ? "A" : "B") +
-                                      (advanced ? "A " : "  "));
+    std::string label = std::string("Method Used    => ") +
+                        (!soak.methodB && allPriced ? "A" : "B") + (advanced ? "A" : "") + mark;
+    label.resize(21, ' ');
+    EXPECT_EQ(report.methodLabel, label);
 
     std::map<int64_t, int64_t> asked;
     for (const auto& [length, quantity] : soak.problem.cuts) {
@@ -188,6 +196,8 @@ struct Tally {
     int64_t lines = 0;
     int searches = 0;
     int improved = 0;
+    int cheaperPlans = 0;
+    int improvedPlans = 0;
 };
 
 // The report of a press of the problem, and what the Advanced search compares: the total cost
@@ -213,7 +223,32 @@ void Press(Pressed& pressed, const SoakCase& soak, bool advanced, Tally& tally) 
     pressed.objective = m.MethodA ? m.TotalCostA : m.AllPriced ? m.TotalCostB : m.TotalMatWasteB;
 }
 
-void CheckPresses(const SoakCase& soak, Tally& tally) {
+// A cheaper plan of the press's problem: every piece cut exactly, never worse than the press's
+// plan, not below the least figure, and its report read back as a report of the press is.
+void CheckCheaperPlan(Bench& bench, const SoakCase& soak, bool advanced, Tally& tally) {
+    const CuttingProblem problem = ProblemOfPress(bench.m);
+    const Plan press = PlanOfPress(bench.m, problem);
+    ASSERT_TRUE(CutsExactly(problem, press)) << "the press's plan, read from its cutting lines";
+    const PlanSearchOutcome outcome = SearchCheaperPlan(problem, press, {1, nullptr, true});
+    EXPECT_TRUE(CutsExactly(problem, outcome.plan));
+    EXPECT_FALSE(Better(problem, press, outcome.plan));
+    const std::optional<double> least =
+        problem.objective == Objective::Cost ? outcome.leastCost : outcome.leastMaterial;
+    const int64_t figure = problem.objective == Objective::Cost
+                               ? PlanCost(problem, outcome.plan)
+                               : PlanMaterial(problem, outcome.plan);
+    ASSERT_TRUE(least);
+    EXPECT_LE(*least, static_cast<double>(figure) / 100 + 0.005);
+    auto plan = std::make_unique<Module1>(bench.m);
+    plan->Advanced = ToFlag(advanced);
+    ASSERT_TRUE(
+        WritePlanReport(*plan, problem, outcome.plan, bench.files, bench.clock, "cheaper.sol"));
+    tally.lines += CheckReport(bench.Read("cheaper.sol"), soak, advanced, "+");
+    ++tally.cheaperPlans;
+    tally.improvedPlans += outcome.improved;
+}
+
+void CheckPresses(const SoakCase& soak, bool withCheaperPlan, Tally& tally) {
     Pressed basic;
     Press(basic, soak, false, tally);
     ASSERT_EQ(basic.bench.Status(), " Done !.");
@@ -247,6 +282,9 @@ void CheckPresses(const SoakCase& soak, Tally& tally) {
     cmdFind_Click(last->bench.m, last->bench.platform);
     ++tally.presses;
     EXPECT_EQ(last->bench.Read("last.sol"), last->report) << "a second press changed the report";
+    if (withCheaperPlan) {
+        CheckCheaperPlan(last->bench, soak, soak.advanced, tally);
+    }
 }
 
 int EnvironmentNumber(const char* name, int fallback) {
@@ -289,7 +327,7 @@ TEST(Soak, RandomProblemsKeepEveryInvariant) {
                          ": " + Describe(soak));
             const int failuresBefore = result.total_part_count();
             tally.steps += CheckEnginePass(soak);
-            CheckPresses(soak, tally);
+            CheckPresses(soak, done % kCheaperPlanEvery == 0, tally);
             ++done;
             failing += result.total_part_count() > failuresBefore;
             if (done % kProgressEvery == 0) {
@@ -301,7 +339,8 @@ TEST(Soak, RandomProblemsKeepEveryInvariant) {
     std::cout << "soak: " << done << " problems (seed " << seed << "), " << tally.presses
               << " presses, " << tally.steps << " engine steps, " << tally.lines
               << " report lines read, " << tally.searches << " searches run, " << tally.improved
-              << " improved, in " << Seconds(started) << " s\n";
+              << " improved, " << tally.cheaperPlans << " cheaper plans searched, "
+              << tally.improvedPlans << " cheaper, in " << Seconds(started) << " s\n";
     EXPECT_EQ(done, problems);
 }
 
