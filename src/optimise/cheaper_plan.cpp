@@ -15,7 +15,7 @@ namespace {
 // the bound already and what CBC finds after the first moments is seldom worth a user's wait.
 constexpr double OwnRelaxationShare = 0.5;
 constexpr double OtherRelaxationShare = 0.2;
-constexpr double WholeBarsShare = 0.05;
+constexpr double WholeBarsShare = 0.025;
 
 double ToCents(double value) {
     return std::round(value * 100.0) / 100.0;
