@@ -5,6 +5,9 @@
 // and leaves no work file behind; and the second press, reading the boxes as the first wrote
 // them back, refuses them exactly when the first did.
 //
+// An accepted problem is then searched for a cheaper plan, briefly: the press's plan and the
+// plan found cut every piece exactly, the plan found is no worse, and its report is written.
+//
 // Advanced repeats the whole pass for up to 720 arrangements: on forty lengths crowded onto the
 // longest bars that is seconds even in a release build, and slower still under the sanitizers,
 // so it runs only on problems of at most AdvancedCutRows cutting rows.
@@ -21,7 +24,10 @@
 #include "files/problem_files.h"
 #include "files/text_lines.h"
 #include "fuzz_check.h"
+#include "optimise/cheaper_plan.h"
+#include "optimise/press_plan.h"
 #include "report/clock.h"
+#include "report/plan_report.h"
 #include "report/report_lines.h"
 #include "run/find_press.h"
 #include "shell/memory_surface.h"
@@ -35,6 +41,7 @@ using fuzzing::Require;
 
 const char* const ProblemName = "problem.pro";
 constexpr int AdvancedCutRows = 8;
+constexpr double PlanSearchSeconds = 0.05;
 
 // One folder for the whole run of the fuzzer. Every press starts by removing last.sol, so
 // whatever else the folder holds after it was left there by that press.
@@ -96,6 +103,22 @@ bool Press(Module1& m, MemorySurface& surface, Platform& platform, Ctl method, b
     return refused;
 }
 
+void CheckCheaperPlan(const Module1& m, const Platform& platform) {
+    const CuttingProblem problem = ProblemOfPress(m);
+    const Plan press = PlanOfPress(m, problem);
+    Require(CutsExactly(problem, press), "the press's plan cuts every piece exactly");
+    const PlanSearchOutcome outcome =
+        SearchCheaperPlan(problem, press, {PlanSearchSeconds, nullptr, true});
+    Require(CutsExactly(problem, outcome.plan), "a cheaper plan cuts every piece exactly");
+    Require(!Better(problem, press, outcome.plan), "a cheaper plan is no worse than the press's");
+    auto block = std::make_unique<Module1>(m);
+    Require(WritePlanReport(*block, problem, outcome.plan, platform.files, platform.clock,
+                            "cheaper.sol"),
+            "the report of a cheaper plan can be written in a folder of our own");
+    CheckFolder({ProblemName, "last.sol", "cheaper.sol"});
+    platform.files.RemoveFile("cheaper.sol");
+}
+
 }  // namespace
 }  // namespace brennik
 
@@ -125,5 +148,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
     const bool refusedSecond =
         Press(*m, surface, platform, Ctl::Option1, cutRows <= AdvancedCutRows);
     Require(refusedFirst == refusedSecond, "the boxes written back read as they were typed");
+    if (!refusedSecond) {
+        CheckCheaperPlan(*m, platform);
+    }
     return 0;
 }

@@ -74,6 +74,14 @@ PlanSearchOutcome SearchCheaperPlan(const CuttingProblem& problem, const Plan& t
     if (!FitsSomeBar(problem)) {
         return outcome;
     }
+    if (std::all_of(problem.pieces.begin(), problem.pieces.end(),
+                    [](const WantedPiece& piece) { return piece.quantity == 0; })) {
+        // Nothing to cut: nothing to buy.
+        outcome.leastCost = problem.allPriced ? std::optional<double>(0) : std::nullopt;
+        outcome.leastMaterial = 0;
+        outcome.boundProven = true;
+        return outcome;
+    }
     const Deadline deadline(options.timeLimit, options.cancel);
     const Objective other =
         problem.objective == Objective::Cost ? Objective::Material : Objective::Cost;

@@ -77,6 +77,9 @@ bool MasterLp::AddColumn(int stock, const std::vector<int64_t>& pieces) {
 }
 
 bool MasterLp::SolveLp() {
+    if (lp_->getNumCols() == 0) {
+        return false;  // CLP does not take an LP without columns
+    }
     // Columns added keep the last basis primal feasible; a new demand keeps it dual feasible.
     lp_->primal();
     if (!lp_->isProvenOptimal()) {
