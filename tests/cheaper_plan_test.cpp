@@ -207,10 +207,15 @@ TEST(CuttingPlan, SurplusPiecesComeOutOfTheBarsThatHeldThem) {
               (Plan{{0, 2, {3, 1}}, {0, 1, {1, 0}}}));
 }
 
-// FillBar against every filling there is, with and without a threshold, and cut short.
+// Both routes of FillBar against every filling there is, with and without a threshold, and the
+// search cut short.
 TEST(FillBar, FindsTheMostValuableFillingOrSaysHowHighOneCouldBe) {
     std::mt19937 random(11);
     const Deadline none(60, nullptr);
+    const auto search = [&none](const std::vector<BarItem>& items, int64_t capacity,
+                                double threshold) {
+        return FillBarBySearch(items, capacity, threshold, none, 1'000'000);
+    };
     for (int round = 0; round < 300; ++round) {
         const auto between = [&random](int low, int high) {
             return std::uniform_int_distribution<int>(low, high)(random);
@@ -234,23 +239,31 @@ TEST(FillBar, FindsTheMostValuableFillingOrSaysHowHighOneCouldBe) {
             };
         every(0, capacity, 0);
 
-        const BarFilling filling = FillBar(items, capacity, 0, none);
-        EXPECT_TRUE(filling.complete);
-        EXPECT_NEAR(filling.value, best, 1e-9);
-        double value = 0;
-        int64_t used = 0;
-        for (std::size_t k = 0; k < items.size(); ++k) {
-            EXPECT_LE(filling.counts[k], items[k].most);
-            value += static_cast<double>(filling.counts[k]) * items[k].value;
-            used += filling.counts[k] * items[k].length;
+        for (const BarFilling& filling :
+             {search(items, capacity, 0), FillBarByTable(items, capacity, 0)}) {
+            EXPECT_TRUE(filling.complete);
+            EXPECT_NEAR(filling.value, best, 1e-9);
+            // The best filling and those it beat on the way fit, and are worth what they say.
+            std::vector<std::vector<int64_t>> fillings = filling.runnersUp;
+            fillings.push_back(filling.counts);
+            for (const std::vector<int64_t>& counts : fillings) {
+                double worth = 0;
+                int64_t length = 0;
+                for (std::size_t k = 0; k < items.size(); ++k) {
+                    EXPECT_LE(counts[k], items[k].most);
+                    worth += static_cast<double>(counts[k]) * items[k].value;
+                    length += counts[k] * items[k].length;
+                }
+                EXPECT_LE(length, capacity);
+                EXPECT_LE(worth, best + 1e-9);
+                if (&counts == &fillings.back()) {
+                    EXPECT_NEAR(worth, filling.value, 1e-9);
+                }
+            }
         }
-        EXPECT_LE(used, capacity);
-        EXPECT_NEAR(value, filling.value, 1e-9);
-
-        const BarFilling above = FillBar(items, capacity, best, none);
-        EXPECT_LE(above.value, best + 1e-9);
-        EXPECT_GE(above.upperBound, best - 1e-9);
-        const BarFilling cut = FillBar(items, capacity, 0, none, 0);
+        EXPECT_LE(search(items, capacity, best).value, best + 1e-9);
+        EXPECT_GE(search(items, capacity, best).upperBound, best - 1e-9);
+        const BarFilling cut = FillBarBySearch(items, capacity, 0, none, 0);
         EXPECT_GE(cut.upperBound, best - 1e-9);
     }
 }

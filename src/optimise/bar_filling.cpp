@@ -44,8 +44,10 @@ public:
         counts_.assign(n, 0);
         bestCounts_.assign(n, 0);
         nodeBounds_.assign(n + 1, 0);
-        // Bounds within a few units in the last place of the threshold count as not above it.
+        // Bounds within a few units in the last place of the threshold count as not above it,
+        // and a filling must beat the best by the pricing's own tolerance to be searched for.
         floor_ = threshold + 1e-12 * std::max(1.0, std::abs(threshold));
+        slack_ = 1e-9 * std::max(1.0, std::abs(threshold));
     }
 
     BarFilling Run(const std::vector<BarItem>& items, int64_t capacity) {
@@ -59,8 +61,15 @@ public:
             answer.counts[order_[d]] = bestCounts_[d];
         }
         answer.value = best_;
+        for (const std::vector<int64_t>& sortedCounts : runnersUp_) {
+            std::vector<int64_t> counts(items.size(), 0);
+            for (std::size_t d = 0; d < order_.size(); ++d) {
+                counts[order_[d]] = sortedCounts[d];
+            }
+            answer.runnersUp.push_back(std::move(counts));
+        }
         answer.complete = !stopped_;
-        answer.upperBound = std::max(best_, floor_);
+        answer.upperBound = Floor();
         if (stopped_) {
             // Every part of the search not yet done lies under the count now open at some depth,
             // or under a lower count there, whose bound is no higher.
@@ -88,7 +97,17 @@ private:
         return value;
     }
 
-    double Floor() const { return std::max(best_, floor_); }
+    double Floor() const { return std::max(best_ + slack_, floor_); }
+
+    // The best filling so far, about to be beaten, is worth offering too.
+    void KeepRunnerUp() {
+        runnersUp_.insert(runnersUp_.begin(), bestCounts_);
+        if (runnersUp_.size() > MostRunnersUp) {
+            runnersUp_.pop_back();
+        }
+    }
+
+    static constexpr std::size_t MostRunnersUp = 3;
 
     void Visit(std::size_t depth, int64_t room, double value) {
         if ((++nodes_ & 1023) == 0 && (nodes_ > budget_ || deadline_.Passed())) {
@@ -100,6 +119,9 @@ private:
         }
         if (depth == sorted_.size() || room < shortestFrom_[depth]) {
             if (value > best_) {
+                if (best_ > floor_) {
+                    KeepRunnerUp();
+                }
                 best_ = value;
                 std::fill(bestCounts_.begin(), bestCounts_.end(), 0);
                 std::copy(counts_.begin(), counts_.begin() + static_cast<long>(depth),
@@ -135,7 +157,9 @@ private:
     std::vector<int64_t> counts_;
     std::vector<int64_t> bestCounts_;
     std::vector<double> nodeBounds_;
+    std::vector<std::vector<int64_t>> runnersUp_;
     double floor_ = 0;
+    double slack_ = 0;
     double best_ = 0;
     int64_t nodes_ = 0;
     bool stopped_ = false;
@@ -230,6 +254,16 @@ constexpr int64_t SearchBudgetBeforeTable = 200'000;
 
 }  // namespace
 
+BarFilling FillBarBySearch(const std::vector<BarItem>& items, int64_t capacity, double threshold,
+                           const Deadline& deadline, int64_t nodeBudget) {
+    Search search(items, threshold, deadline, nodeBudget);
+    return search.Run(items, capacity);
+}
+
+BarFilling FillBarByTable(const std::vector<BarItem>& items, int64_t capacity, double threshold) {
+    return Table(items, capacity).Run(items, threshold);
+}
+
 BarFilling FillBar(const std::vector<BarItem>& items, int64_t capacity, double threshold,
                    const Deadline& deadline, int64_t nodeBudget) {
     const Table table(items, capacity);
@@ -237,9 +271,9 @@ BarFilling FillBar(const std::vector<BarItem>& items, int64_t capacity, double t
         return table.Run(items, threshold);
     }
     const bool tableAfter = table.Work() <= LargestTable;
-    Search search(items, threshold, deadline,
-                  tableAfter ? std::min(nodeBudget, SearchBudgetBeforeTable) : nodeBudget);
-    BarFilling filling = search.Run(items, capacity);
+    BarFilling filling =
+        FillBarBySearch(items, capacity, threshold, deadline,
+                        tableAfter ? std::min(nodeBudget, SearchBudgetBeforeTable) : nodeBudget);
     if (!filling.complete && tableAfter && !deadline.Passed()) {
         return table.Run(items, threshold);
     }

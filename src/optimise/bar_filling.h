@@ -23,6 +23,8 @@ struct BarFilling {
     // No filling is worth more than this. It is max(value, threshold) when the search ended.
     double upperBound = 0;
     bool complete = false;  // the search ended, neither budget nor deadline cut it short
+    // Fillings above the threshold that the best one replaced, the last found first.
+    std::vector<std::vector<int64_t>> runnersUp;
 };
 
 // The best filling of a bar of `capacity` hundredths worth more than `threshold`, if any. Parts
@@ -30,5 +32,14 @@ struct BarFilling {
 // be returned.
 BarFilling FillBar(const std::vector<BarItem>& items, int64_t capacity, double threshold,
                    const Deadline& deadline, int64_t nodeBudget = 20'000'000);
+
+// The two routes FillBar takes: a depth-first branch and bound over the items in order of value
+// per length, and a table over every length the bar can be filled to, in steps of the common
+// divisor of the lengths, whose work is known beforehand. FillBar takes the table when it is
+// small, else the search, and the table after all when the search has not ended soon and the
+// table is not too large.
+BarFilling FillBarBySearch(const std::vector<BarItem>& items, int64_t capacity, double threshold,
+                           const Deadline& deadline, int64_t nodeBudget);
+BarFilling FillBarByTable(const std::vector<BarItem>& items, int64_t capacity, double threshold);
 
 }  // namespace brennik

@@ -91,18 +91,12 @@ PlanSearchOutcome SearchCheaperPlan(const CuttingProblem& problem, const Plan& t
     // relaxation has a share of the time, so that a problem whose pricing is slow still gets
     // both least figures and a plan.
     MasterLp master(problem, problem.objective);
-    for (const PlanLine& line : toBeat) {
-        master.AddColumn(line.stock, line.pieces);
-    }
     const Relaxation own = master.Solve(deadline.Within(options.timeLimit * OwnRelaxationShare));
     const double ownBound = Figure(own);
 
     Relaxation second;
     if (otherWanted && !deadline.Passed()) {
         MasterLp otherMaster(problem, other);
-        for (const PlanLine& line : toBeat) {
-            otherMaster.AddColumn(line.stock, line.pieces);
-        }
         second = otherMaster.Solve(deadline.Within(options.timeLimit * OtherRelaxationShare));
     }
 

@@ -112,6 +112,9 @@ double MasterLp::PriceOut(const std::vector<double>& duals, const Deadline& dead
         if (filling.value > threshold && AddColumn(s, filling.counts)) {
             added = true;
         }
+        for (const std::vector<int64_t>& counts : filling.runnersUp) {
+            AddColumn(s, counts);
+        }
     }
     return ratio;
 }
