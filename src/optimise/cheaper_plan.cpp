@@ -87,10 +87,14 @@ PlanSearchOutcome SearchCheaperPlan(const CuttingProblem& problem, const Plan& t
         problem.objective == Objective::Cost ? Objective::Material : Objective::Cost;
     const bool otherWanted = other == Objective::Material || problem.allPriced;
 
-    // The relaxation of the Method's own figure first: its columns make the plan. Each
-    // relaxation has a share of the time, so that a problem whose pricing is slow still gets
-    // both least figures and a plan.
+    // The relaxation of the Method's own figure first: its columns make the plan. The ways of
+    // cutting of the plan to beat start it, so that its LP is never worse than that plan, even
+    // when the time runs out before it is solved. Each relaxation has a share of the time, so
+    // that a problem whose pricing is slow still gets both least figures and a plan.
     MasterLp master(problem, problem.objective);
+    for (const PlanLine& line : toBeat) {
+        master.AddColumn(line.stock, line.pieces);
+    }
     const Relaxation own = master.Solve(deadline.Within(options.timeLimit * OwnRelaxationShare));
     const double ownBound = Figure(own);
 

@@ -9,6 +9,8 @@ namespace brennik {
 
 namespace {
 
+constexpr double RoundingShare = 0.8;
+
 bool NothingWanted(const std::vector<int64_t>& demand) {
     return std::all_of(demand.begin(), demand.end(), [](int64_t d) { return d <= 0; });
 }
@@ -113,6 +115,9 @@ bool FillGreedily(const CuttingProblem& problem, MasterLp& master, std::vector<i
 
 std::vector<int64_t> RoundResidually(const CuttingProblem& problem, MasterLp& master,
                                      const Deadline& deadline) {
+    // The LP is solved again for what is left while most of the time left lasts; the rest of
+    // the time is for cutting what is then left bar by bar.
+    const Deadline rounding = deadline.Within(deadline.SecondsLeft() * RoundingShare);
     std::vector<int64_t> demand = master.Demand();
     std::vector<int64_t> bars(master.Columns().size(), 0);
     std::vector<double> values = master.ColumnValues();
@@ -127,19 +132,17 @@ std::vector<int64_t> RoundResidually(const CuttingProblem& problem, MasterLp& ma
                 bought = true;
             }
         }
-        // Once the LP takes no column wholly, rounding one up buys a bar for a fraction of its
-        // pieces; what is left is cut bar by bar instead.
-        if (!bought) {
-            FillGreedily(problem, master, bars, demand, deadline);
-        }
-        if (NothingWanted(demand)) {
+        // Once the LP takes no column wholly, rounding one up would buy a bar for a fraction of
+        // its pieces; what is left is cut bar by bar instead.
+        if (!bought || NothingWanted(demand) || rounding.Passed()) {
             break;
         }
         master.SetDemand(demand);
-        master.Solve(deadline);
+        master.Solve(rounding);
         values = master.ColumnValues();
     }
     bars.resize(master.Columns().size(), 0);
+    FillGreedily(problem, master, bars, demand, deadline);
     CutEachAlone(problem, master, bars, demand);
     return bars;
 }
