@@ -42,14 +42,6 @@ int64_t PlanMaterial(const CuttingProblem& problem, const Plan& plan) {
     return material;
 }
 
-int64_t PlanBars(const Plan& plan) {
-    int64_t bars = 0;
-    for (const PlanLine& line : plan) {
-        bars += line.bars;
-    }
-    return bars;
-}
-
 int64_t LineWaste(const CuttingProblem& problem, const PlanLine& line) {
     int64_t left = problem.stock[line.stock].length100;
     for (std::size_t j = 0; j < line.pieces.size(); ++j) {

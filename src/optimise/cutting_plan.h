@@ -49,7 +49,6 @@ WantedPiece Piece(float length, int64_t quantity);
 
 int64_t PlanCost(const CuttingProblem& problem, const Plan& plan);
 int64_t PlanMaterial(const CuttingProblem& problem, const Plan& plan);
-int64_t PlanBars(const Plan& plan);
 // Hundredths of one bar of the line that no piece takes; negative when the bar is overfilled.
 int64_t LineWaste(const CuttingProblem& problem, const PlanLine& line);
 
