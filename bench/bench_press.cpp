@@ -62,4 +62,17 @@ std::unique_ptr<Module1> Press(const ProblemText& problem, bool methodB,
     return m;
 }
 
+void ForEveryPress(const std::vector<Family>& families,
+                   const std::function<void(const std::string& name, const Family& family,
+                                            const ProblemText& problem, bool methodB)>& visit) {
+    for (const Family& family : families) {
+        for (std::size_t k = 0; k < family.problems.size(); ++k) {
+            for (bool methodB : {false, true}) {
+                visit(family.name + "/" + std::to_string(k + 1) + "/" + (methodB ? "B" : "A"),
+                      family, family.problems[k], methodB);
+            }
+        }
+    }
+}
+
 }  // namespace brennik::bench

@@ -2,8 +2,10 @@
 // after typing a generated problem, for the benchmarks.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "problem_families.h"
 #include "state/module1.h"
@@ -18,5 +20,11 @@ std::string MakeWorkFolder();
 // The block as the press left it; the work files and last.sol go to `folder`. Aborts when the
 // problem is refused: a generated problem never should be.
 std::unique_ptr<Module1> Press(const ProblemText& problem, bool methodB, const std::string& folder);
+
+// Calls `visit` for every problem of the families in both Methods, with the name of that press,
+// "family/problem/A" or "family/problem/B", problems counted from 1.
+void ForEveryPress(const std::vector<Family>& families,
+                   const std::function<void(const std::string& name, const Family& family,
+                                            const ProblemText& problem, bool methodB)>& visit);
 
 }  // namespace brennik::bench

@@ -148,32 +148,27 @@ int main(int argc, char** argv) {
     using namespace brennik::bench;
     const std::string folder = MakeWorkFolder();
     static const std::vector<Family> families = MakeFamilies(3, 20261122);
-    for (const Family& family : families) {
-        for (std::size_t k = 0; k < family.problems.size(); ++k) {
-            for (bool methodB : {false, true}) {
-                const std::string name = family.name + "/" + std::to_string(k + 1) + "/" +
-                                         (methodB ? "B" : "A") + "/cheaper plan";
-                const ProblemText* problem = &family.problems[k];
-                const std::string group = family.name + (methodB ? " B" : " A");
-                benchmark::RegisterBenchmark(
-                    name.c_str(),
-                    [=](benchmark::State& state) {
-                        for (auto _ : state) {
-                            const Measure measure = Measured(*problem, methodB, folder);
-                            state.SetIterationTime(measure.boundSeconds + measure.planSeconds);
-                            state.counters["press_gap_%"] = measure.pressGap;
-                            state.counters["plan_gap_%"] = measure.planGap;
-                            state.counters["bound_s"] = measure.boundSeconds;
-                            state.counters["plan_s"] = measure.planSeconds;
-                            Results()[group].push_back(measure);
-                        }
-                    })
-                    ->Unit(benchmark::kMillisecond)
-                    ->UseManualTime()
-                    ->Iterations(1);
-            }
-        }
-    }
+    ForEveryPress(families, [&folder](const std::string& name, const Family& family,
+                                      const ProblemText& problem, bool methodB) {
+        const ProblemText* pressed = &problem;
+        const std::string group = family.name + (methodB ? " B" : " A");
+        benchmark::RegisterBenchmark(
+            (name + "/cheaper plan").c_str(),
+            [=](benchmark::State& state) {
+                for (auto _ : state) {
+                    const Measure measure = Measured(*pressed, methodB, folder);
+                    state.SetIterationTime(measure.boundSeconds + measure.planSeconds);
+                    state.counters["press_gap_%"] = measure.pressGap;
+                    state.counters["plan_gap_%"] = measure.planGap;
+                    state.counters["bound_s"] = measure.boundSeconds;
+                    state.counters["plan_s"] = measure.planSeconds;
+                    Results()[group].push_back(measure);
+                }
+            })
+            ->Unit(benchmark::kMillisecond)
+            ->UseManualTime()
+            ->Iterations(1);
+    });
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();

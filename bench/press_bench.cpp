@@ -19,41 +19,36 @@ int main(int argc, char** argv) {
     const std::string folder = MakeWorkFolder();
 
     static const std::vector<Family> families = MakeFamilies(3, 20261122);
-    for (const Family& family : families) {
-        for (std::size_t k = 0; k < family.problems.size(); ++k) {
-            for (bool methodB : {false, true}) {
-                const std::string name =
-                    family.name + "/" + std::to_string(k + 1) + "/" + (methodB ? "B" : "A");
-                const ProblemText* problem = &family.problems[k];
-                benchmark::RegisterBenchmark(name.c_str(),
-                                             [=](benchmark::State& state) {
-                                                 for (auto _ : state) {
-                                                     Press(*problem, methodB, folder);
-                                                 }
-                                             })
-                    ->Unit(benchmark::kMillisecond)
-                    ->UseRealTime();
-                benchmark::RegisterBenchmark(
-                    (name + "/plain").c_str(),
-                    [=](benchmark::State& state) {
-                        brennik::testing::PlainSearchInUse walkEverything;
-                        for (auto _ : state) {
-                            brennik::testing::PlainDeadline() =
-                                std::chrono::steady_clock::now() + std::chrono::minutes(1);
-                            try {
-                                Press(*problem, methodB, folder);
-                            } catch (const brennik::testing::EnumerationTimeout&) {
-                                state.SkipWithError("the plain walk needs more than a minute");
-                                break;
-                            }
-                        }
-                    })
-                    ->Unit(benchmark::kMillisecond)
-                    ->UseRealTime()
-                    ->Iterations(1);
-            }
-        }
-    }
+    ForEveryPress(families, [&folder](const std::string& name, const Family&,
+                                      const ProblemText& problem, bool methodB) {
+        const ProblemText* pressed = &problem;
+        benchmark::RegisterBenchmark(name.c_str(),
+                                     [=](benchmark::State& state) {
+                                         for (auto _ : state) {
+                                             Press(*pressed, methodB, folder);
+                                         }
+                                     })
+            ->Unit(benchmark::kMillisecond)
+            ->UseRealTime();
+        benchmark::RegisterBenchmark(
+            (name + "/plain").c_str(),
+            [=](benchmark::State& state) {
+                brennik::testing::PlainSearchInUse walkEverything;
+                for (auto _ : state) {
+                    brennik::testing::PlainDeadline() =
+                        std::chrono::steady_clock::now() + std::chrono::minutes(1);
+                    try {
+                        Press(*pressed, methodB, folder);
+                    } catch (const brennik::testing::EnumerationTimeout&) {
+                        state.SkipWithError("the plain walk needs more than a minute");
+                        break;
+                    }
+                }
+            })
+            ->Unit(benchmark::kMillisecond)
+            ->UseRealTime()
+            ->Iterations(1);
+    });
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();

@@ -21,6 +21,11 @@ double ToCents(double value) {
     return std::round(value * 100.0) / 100.0;
 }
 
+// A relaxation that was solved, or got far enough to bound its figure.
+bool Bounded(const Relaxation& relaxation) {
+    return relaxation.proven || relaxation.lowerBound > 0;
+}
+
 double Figure(const Relaxation& relaxation) {
     return ToCents(relaxation.proven ? relaxation.value : relaxation.lowerBound);
 }
@@ -96,7 +101,6 @@ PlanSearchOutcome SearchCheaperPlan(const CuttingProblem& problem, const Plan& t
         master.AddColumn(line.stock, line.pieces);
     }
     const Relaxation own = master.Solve(deadline.Within(options.timeLimit * OwnRelaxationShare));
-    const double ownBound = Figure(own);
 
     Relaxation second;
     if (otherWanted && !deadline.Passed()) {
@@ -122,19 +126,14 @@ PlanSearchOutcome SearchCheaperPlan(const CuttingProblem& problem, const Plan& t
         }
     }
 
-    const bool ownDone = own.proven || own.lowerBound > 0;
-    const bool secondDone = second.proven || second.lowerBound > 0;
     const Relaxation& cost = problem.objective == Objective::Cost ? own : second;
     const Relaxation& material = problem.objective == Objective::Cost ? second : own;
-    const bool costDone = problem.objective == Objective::Cost ? ownDone : secondDone;
-    const bool materialDone = problem.objective == Objective::Cost ? secondDone : ownDone;
-    if (problem.allPriced && costDone) {
-        outcome.leastCost = problem.objective == Objective::Cost ? ownBound : Figure(second);
+    if (problem.allPriced && Bounded(cost)) {
+        outcome.leastCost = Figure(cost);
         outcome.costDuals = cost.duals;
     }
-    if (materialDone) {
-        outcome.leastMaterial =
-            problem.objective == Objective::Material ? ownBound : Figure(second);
+    if (Bounded(material)) {
+        outcome.leastMaterial = Figure(material);
         outcome.materialDuals = material.duals;
     }
     outcome.boundProven = own.proven && (!otherWanted || second.proven);

@@ -57,9 +57,14 @@ void MasterLp::SetDemand(const std::vector<int64_t>& demand) {
 }
 
 bool MasterLp::AddColumn(int stock, const std::vector<int64_t>& pieces) {
-    for (const Column& column : columns_) {
-        if (column.stock == stock && column.pieces == pieces) {
-            return false;
+    const std::size_t before = columns_.size();
+    return ColumnOf(stock, pieces) == before;
+}
+
+std::size_t MasterLp::ColumnOf(int stock, const std::vector<int64_t>& pieces) {
+    for (std::size_t k = 0; k < columns_.size(); ++k) {
+        if (columns_[k].stock == stock && columns_[k].pieces == pieces) {
+            return k;
         }
     }
     std::vector<int> rows;
@@ -73,7 +78,7 @@ bool MasterLp::AddColumn(int stock, const std::vector<int64_t>& pieces) {
     lp_->addColumn(static_cast<int>(rows.size()), rows.data(), counts.data(), 0.0, COIN_DBL_MAX,
                    BarFigure(stock));
     columns_.push_back({stock, pieces});
-    return true;
+    return columns_.size() - 1;
 }
 
 bool MasterLp::SolveLp() {

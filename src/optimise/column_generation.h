@@ -46,6 +46,8 @@ public:
 
     // Adds a way of cutting unless the LP has it already; says whether it was added.
     bool AddColumn(int stock, const std::vector<int64_t>& pieces);
+    // The place of a way of cutting among the columns, where it is added if it is new.
+    std::size_t ColumnOf(int stock, const std::vector<int64_t>& pieces);
     const std::vector<Column>& Columns() const { return columns_; }
 
     // Column generation from the columns there are, until no way of cutting prices out or the

@@ -24,16 +24,10 @@ void Buy(const Column& column, int64_t bars, std::vector<int64_t>& demand) {
 // Buys `count` bars of a way of cutting, which joins the master's columns if it is new.
 void BuyColumn(MasterLp& master, int stock, const std::vector<int64_t>& pieces, int64_t count,
                std::vector<int64_t>& bars, std::vector<int64_t>& demand) {
-    master.AddColumn(stock, pieces);
+    const std::size_t k = master.ColumnOf(stock, pieces);
     bars.resize(master.Columns().size(), 0);
-    for (std::size_t k = 0; k < master.Columns().size(); ++k) {
-        const Column& column = master.Columns()[k];
-        if (column.stock == stock && column.pieces == pieces) {
-            bars[k] += count;
-            Buy(column, count, demand);
-            return;
-        }
-    }
+    bars[k] += count;
+    Buy(master.Columns()[k], count, demand);
 }
 
 // What is still wanted, each length cut on its own, from the standard length whose bars of that

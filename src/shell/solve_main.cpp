@@ -373,7 +373,7 @@ int Solve(const Options& options) {
     std::optional<PlanSearchOutcome> outcome;
     const CuttingProblem problem = ProblemOfPress(*m);
     const Plan pressPlan = PlanOfPress(*m, problem);
-    auto planBlock = std::make_unique<Module1>(*m);
+    std::unique_ptr<Module1> planBlock;
     if (options.bound || options.optimise) {
         std::signal(SIGINT, RequestCancel);
         outcome = SearchCheaperPlan(problem, pressPlan,
@@ -381,6 +381,7 @@ int Solve(const Options& options) {
         std::signal(SIGINT, SIG_DFL);
     }
     if (options.optimise) {
+        planBlock = std::make_unique<Module1>(*m);
         planBlock->Advanced = ToFlag(options.advanced);
         if (!WritePlanReport(*planBlock, problem, outcome->plan, files, *clock, "cheaper.sol")) {
             std::cerr << "brennik-solve: cannot write cheaper.sol\n";
