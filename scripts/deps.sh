@@ -3,10 +3,11 @@
 # Usage: scripts/deps.sh build|test    (run as root, or with sudo available)
 set -euo pipefail
 
-packages=(build-essential cmake ninja-build pkg-config qt6-base-dev qt6-qpa-plugins
+packages=(build-essential cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev qt6-qpa-plugins
     fonts-dejavu-core fonts-liberation2 coinor-libclp-dev coinor-libcbc-dev)
 if [ "${1:-build}" = test ]; then
-    packages+=(googletest libgtest-dev libgmock-dev clang-14 libclang-rt-14-dev)
+    packages+=(googletest libgtest-dev libgmock-dev clang-14 libclang-rt-14-dev
+        poppler-utils)
 fi
 
 missing=()

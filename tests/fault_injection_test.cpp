@@ -15,7 +15,7 @@
 #include "files/settings.h"
 #include "press_fixture.h"
 #include "report/page_files.h"
-#include "report_reader.h"
+#include "diagram/report_reader.h"
 #include "run/find_press.h"
 
 namespace brennik {
@@ -228,7 +228,7 @@ TEST_P(FaultInjection, EveryFailingFileStepIsToldOrPassedOverAndTheNextTryWorks)
             if (operation.told.contains(op)) {
                 EXPECT_EQ(bench.Status(), operation.told.at(op));
                 EXPECT_EQ(bench.surface.State({Ctl::txtLong}).fore, Red);
-                const testing::ParsedReport report = testing::ParseReport(kept["last.sol"]);
+                const SolutionReport report = ReadReport(kept["last.sol"]);
                 if (operation.firstReportMayStand && report.faults.empty() &&
                     report.methodLabel == "Method Used    => BA ") {
                     kept["last.sol"] = keptBefore.at("last.sol");

@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "press_fixture.h"
-#include "report_reader.h"
+#include "diagram/report_reader.h"
 #include "run/find_press.h"
 
 namespace brennik {
@@ -61,7 +61,7 @@ bool Solved(Bench& bench, const Rows& stock, const Rows& cuts) {
     bench.Type(stock, cuts);
     cmdFind_Click(bench.m, bench.platform);
     return bench.Status() == " Done !." && bench.folder.FileNames() == Texts{"last.sol"} &&
-           testing::ParseReport(bench.Read("last.sol")).faults.empty();
+           ReadReport(bench.Read("last.sol")).faults.empty();
 }
 
 // Refused at cutting row `row`: the message, both boxes of the row red and the focus on its
@@ -198,7 +198,7 @@ void ExpectPressEnds(const std::string& what, const Rows& stock, const Rows& cut
               << std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count()
               << " s\n";
     const std::string report = bench.Read("last.sol");
-    EXPECT_TRUE(testing::ParseReport(report).faults.empty());
+    EXPECT_TRUE(ReadReport(report).faults.empty());
     EXPECT_NE(report.find(reportHolds), std::string::npos) << report;
 }
 

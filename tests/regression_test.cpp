@@ -11,14 +11,14 @@
 #include "files/problem_files.h"
 #include "files/text_lines.h"
 #include "press_fixture.h"
-#include "report_reader.h"
+#include "diagram/report_reader.h"
 #include "run/find_press.h"
 
 namespace brennik {
 namespace {
 
 using testing::Bench;
-using Pieces = std::map<long, int>;  // by length in hundredths
+using Pieces = std::map<long, int64_t>;  // by length in hundredths
 
 long Hundredths(double length) {
     return std::lround(length * 100);
@@ -33,12 +33,12 @@ void ExpectEveryPieceCut(Bench& bench, const std::vector<std::string>& lines, co
     cmdFind_Click(bench.m, bench.platform);
     EXPECT_FALSE(bench.m.EntryError || bench.m.LengthError || bench.m.FileError);
     EXPECT_EQ(bench.folder.FileNames(), (std::vector<std::string>{"last.sol", "problem.pro"}));
-    const testing::ParsedReport report = testing::ParseReport(bench.Read("last.sol"));
+    const SolutionReport report = ReadReport(bench.Read("last.sol"));
     EXPECT_TRUE(report.faults.empty());
     Pieces cut;
-    for (const testing::ReportGroup& group : report.groups) {
-        for (const testing::CuttingLine& line : group.lines) {
-            for (const testing::ReportItem& item : line.items) {
+    for (const ReportGroup& group : report.groups) {
+        for (const ReportLine& line : group.lines) {
+            for (const ReportItem& item : line.items) {
                 cut[Hundredths(item.length)] += line.bars * item.pieces;
             }
         }

@@ -15,13 +15,13 @@
 #include <sstream>
 #include <string>
 
+#include "diagram/report_reader.h"
 #include "optimise/cheaper_plan.h"
 #include "optimise/press_plan.h"
 #include "press_fixture.h"
 #include "problem_families.h"
 #include "problem_fixture.h"
 #include "report/plan_report.h"
-#include "report_reader.h"
 #include "run/find_press.h"
 
 namespace brennik {
@@ -110,11 +110,46 @@ int CheckEnginePass(const SoakCase& soak) {
     return steps;
 }
 
-// Every figure of the report against the others, and its pieces against those asked for.
-// Returns the number of cutting lines read.
+// A plan's lines as the report shows them: bar length, bars, and pieces by length, in
+// hundredths; in one order whatever the order of the lines.
+using LineShape = std::pair<std::pair<int64_t, int64_t>, std::map<int64_t, int64_t>>;
+
+std::vector<LineShape> ShapesOf(const CuttingProblem& problem, const Plan& plan) {
+    std::vector<LineShape> shapes;
+    for (const PlanLine& line : plan) {
+        LineShape& shape = shapes.emplace_back();
+        shape.first = {problem.stock[line.stock].length100, line.bars};
+        for (std::size_t j = 0; j < line.pieces.size(); ++j) {
+            if (line.pieces[j] > 0) {
+                shape.second[problem.pieces[j].length100] += line.pieces[j];
+            }
+        }
+    }
+    std::sort(shapes.begin(), shapes.end());
+    return shapes;
+}
+
+std::vector<LineShape> ShapesOf(const SolutionReport& report) {
+    std::vector<LineShape> shapes;
+    for (const ReportGroup& group : report.groups) {
+        for (const ReportLine& line : group.lines) {
+            LineShape& shape = shapes.emplace_back();
+            shape.first = {Hundredths(line.stdLength), line.bars};
+            for (const ReportItem& item : line.items) {
+                shape.second[Hundredths(item.length)] += item.pieces;
+            }
+        }
+    }
+    std::sort(shapes.begin(), shapes.end());
+    return shapes;
+}
+
+// Every figure of the report against the others, its pieces against those asked for, and its
+// lines against those of the plan that made it. Returns the number of cutting lines read.
 int CheckReport(const std::string& contents, const SoakCase& soak, bool advanced,
-                const std::string& mark = "") {
-    const testing::ParsedReport report = testing::ParseReport(contents);
+                const CuttingProblem& problem, const Plan& plan, const std::string& mark = "") {
+    const SolutionReport report = ReadReport(contents);
+    EXPECT_EQ(ShapesOf(report), ShapesOf(problem, plan)) << "the report read back";
     for (const std::string& fault : report.faults) {
         ADD_FAILURE() << fault;
     }
@@ -133,24 +168,24 @@ int CheckReport(const std::string& contents, const SoakCase& soak, bool advanced
         asked[Hundredths(std::stod(length))] += std::stoll(quantity);
     }
     std::map<int64_t, int64_t> cut;
-    int wasteBars = 0;
+    int64_t wasteBars = 0;
     int wasteLines = 0;
     double materialWaste = 0;
     double moneyWaste = 0;
     double cost = 0;
     int lines = 0;
     double previousLength = INFINITY;
-    for (const testing::ReportGroup& group : report.groups) {
+    for (const ReportGroup& group : report.groups) {
         const double length = group.lines.empty() ? 0 : group.lines.front().stdLength;
         EXPECT_LT(length, previousLength) << "groups not longest first";
         previousLength = length;
-        int bars = 0;
-        for (const testing::CuttingLine& line : group.lines) {
+        int64_t bars = 0;
+        for (const ReportLine& line : group.lines) {
             EXPECT_EQ(line.stdLength, length) << "a line in the group of another length";
             ++lines;
             bars += line.bars;
             int64_t waste = Hundredths(line.stdLength);
-            for (const testing::ReportItem& item : line.items) {
+            for (const ReportItem& item : line.items) {
                 cut[Hundredths(item.length)] += static_cast<int64_t>(line.bars) * item.pieces;
                 waste -= item.pieces * Hundredths(item.length);
             }
@@ -168,7 +203,7 @@ int CheckReport(const std::string& contents, const SoakCase& soak, bool advanced
             }
         }
         EXPECT_EQ(group.bars, bars) << "group summary of the bars of " << length;
-        cost += group.price.value_or(0) * group.bars;
+        cost += group.price.value_or(0) * static_cast<double>(group.bars);
     }
     EXPECT_EQ(cut, asked) << "pieces in the report differ from those asked";
 
@@ -218,7 +253,9 @@ void Press(Pressed& pressed, const SoakCase& soak, bool advanced, Tally& tally) 
     cmdFind_Click(bench.m, bench.platform);
     ++tally.presses;
     pressed.report = bench.Read("last.sol");
-    tally.lines += CheckReport(pressed.report, soak, advanced);
+    const CuttingProblem problem = ProblemOfPress(bench.m);
+    tally.lines +=
+        CheckReport(pressed.report, soak, advanced, problem, PlanOfPress(bench.m, problem));
     const Module1& m = bench.m;
     pressed.objective = m.MethodA ? m.TotalCostA : m.AllPriced ? m.TotalCostB : m.TotalMatWasteB;
 }
@@ -243,7 +280,8 @@ void CheckCheaperPlan(Bench& bench, const SoakCase& soak, bool advanced, Tally& 
     plan->Advanced = ToFlag(advanced);
     ASSERT_TRUE(
         WritePlanReport(*plan, problem, outcome.plan, bench.files, bench.clock, "cheaper.sol"));
-    tally.lines += CheckReport(bench.Read("cheaper.sol"), soak, advanced, "+");
+    tally.lines +=
+        CheckReport(bench.Read("cheaper.sol"), soak, advanced, problem, outcome.plan, "+");
     ++tally.cheaperPlans;
     tally.improvedPlans += outcome.improved;
 }

@@ -1,6 +1,7 @@
 // brennik-solve: the headless companion of the desktop program. It loads a problem file into
 // the entry boxes as Load does, sets the run mode and the settings, presses Find Solution once
 // on the in-memory screen, and prints what the screen shows, or the report it wrote.
+#include <QGuiApplication>
 #include <atomic>
 #include <csignal>
 #include <cstdio>
@@ -19,6 +20,7 @@
 #include "files/settings.h"
 #include "optimise/cheaper_plan.h"
 #include "optimise/press_plan.h"
+#include "paint/solution_files.h"
 #include "report/clock.h"
 #include "report/page_files.h"
 #include "report/plan_report.h"
@@ -35,7 +37,7 @@ constexpr const char* Usage =
     "Usage: brennik-solve [--method A|B] [--advanced] [--waste-summary] [--reference TEXT]\n"
     "                     [--dir DIR] [--now YYYY-MM-DDTHH:MM] [--page-width N] [--pages]\n"
     "                     [--print] [--verbose] [--bound] [--optimise] [--time-limit S]\n"
-    "                     PROBLEM_FILE\n";
+    "                     [--pdf FILE] [--svg FILE] PROBLEM_FILE\n";
 
 constexpr const char* Help =
     "\n"
@@ -63,11 +65,14 @@ constexpr const char* Help =
     "                    cheaper.sol beside last.sol, which keeps the press's plan\n"
     "  --time-limit S    seconds for --bound and --optimise together (default 10); on\n"
     "                    Ctrl-C or at the limit the best plan found so far is written\n"
+    "  --pdf FILE        write last.sol as Save as PDF of the solution window does: the\n"
+    "                    report in slices of the page width, then the cutting diagram\n"
+    "  --svg FILE        write the cutting diagram of last.sol as an SVG picture\n"
     "  --help            show this text\n"
     "\n"
     "Exit status: 0 when last.sol was written, 1 when the entries were refused (the status\n"
     "text goes to standard error), 2 for a usage error, a problem file that cannot be read,\n"
-    "or a solution file (last.sol or cheaper.sol) that cannot be written.\n";
+    "or a file (last.sol, cheaper.sol, the PDF or the SVG) that cannot be written.\n";
 
 struct Options {
     bool methodB = false;
@@ -83,6 +88,8 @@ struct Options {
     bool bound = false;
     bool optimise = false;
     double timeLimit = 10;
+    std::optional<std::string> pdf;
+    std::optional<std::string> svg;
     std::string problemFile;
 };
 
@@ -162,6 +169,10 @@ Options ParseOptions(int argc, char** argv) {
             options.optimise = true;
         } else if (arg == "--time-limit") {
             options.timeLimit = SecondsFrom(valueOf(i));
+        } else if (arg == "--pdf") {
+            options.pdf = std::filesystem::absolute(valueOf(i)).string();
+        } else if (arg == "--svg") {
+            options.svg = std::filesystem::absolute(valueOf(i)).string();
         } else if (arg.starts_with("-") && arg != "-") {
             Fail("unknown option " + arg + "\n" + Usage);
         } else if (!options.problemFile.empty()) {
@@ -314,6 +325,30 @@ void PrintCheaperPlan(const Module1& planBlock, bool advanced, const CuttingProb
     PrintStop(outcome, "this is the best plan found so far");
 }
 
+// The PDF and the SVG of last.sol. Qt draws them under its offscreen platform, which needs no
+// display. False when one could not be written.
+bool WriteDrawings(const Options& options, FileSystem& files) {
+    std::string report;
+    if (!files.ReadFile("last.sol", report)) {
+        std::cerr << "brennik-solve: cannot read last.sol\n";
+        return false;
+    }
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    int argc = 1;
+    char name[] = "brennik-solve";
+    char* argv[] = {name, nullptr};
+    const QGuiApplication application(argc, argv);
+    if (options.pdf && !WriteSolutionPdf(*options.pdf, {"last.sol", report, options.pageWidth})) {
+        std::cerr << "brennik-solve: cannot write " << *options.pdf << "\n";
+        return false;
+    }
+    if (options.svg && !WriteDiagramSvg(*options.svg, report)) {
+        std::cerr << "brennik-solve: cannot write " << *options.svg << "\n";
+        return false;
+    }
+    return true;
+}
+
 int Solve(const Options& options) {
     namespace fs = std::filesystem;
     std::error_code error;
@@ -387,6 +422,9 @@ int Solve(const Options& options) {
             std::cerr << "brennik-solve: cannot write cheaper.sol\n";
             return 2;
         }
+    }
+    if ((options.pdf || options.svg) && !WriteDrawings(options, files)) {
+        return 2;
     }
     if (options.verbose) {
         PrintStatusTexts(screen);
