@@ -10,12 +10,12 @@
 #include <string>
 #include <vector>
 
+#include "diagram/report_reader.h"
 #include "failing_files.h"
 #include "files/problem_files.h"
 #include "files/settings.h"
 #include "press_fixture.h"
 #include "report/page_files.h"
-#include "diagram/report_reader.h"
 #include "run/find_press.h"
 
 namespace brennik {

@@ -13,8 +13,8 @@
 #include <thread>
 #include <vector>
 
-#include "press_fixture.h"
 #include "diagram/report_reader.h"
+#include "press_fixture.h"
 #include "run/find_press.h"
 
 namespace brennik {

@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
+#include "diagram/report_reader.h"
 #include "files/problem_files.h"
 #include "files/text_lines.h"
 #include "press_fixture.h"
-#include "diagram/report_reader.h"
 #include "run/find_press.h"
 
 namespace brennik {

@@ -150,9 +150,11 @@ int64_t LayOutBar(Sheet& sheet, const ReportLine& line, double scale, double cou
             }
         }
     }
+    // The number of bars beside the bar, with the remainder under it when the bar has no room.
     const double count = sheet.Width() - countColumn + Padding;
-    band.texts.push_back({count, BarTop - 2, countColumn - Padding, TextHeight(TextStyle::Bold),
-                          "x " + std::to_string(line.bars), TextStyle::Bold, Align::Left, Ink});
+    DiagramText& bars = band.texts.emplace_back(
+        DiagramText{count, BarTop, countColumn - Padding, BarHeight,
+                    "x " + std::to_string(line.bars), TextStyle::Bold, Align::Left, Ink});
     if (left > 0) {
         const double end = line.stdLength * scale;
         const std::string rest = LengthText(static_cast<double>(left) / 100);
@@ -161,9 +163,10 @@ int64_t LayOutBar(Sheet& sheet, const ReportLine& line, double scale, double cou
             band.texts.push_back(
                 {x, BarTop, end - x, BarHeight, rest, TextStyle::Small, Align::Centre, Ink});
         } else {
-            band.texts.push_back({count, BarTop + TextHeight(TextStyle::Bold) - 2,
-                                  countColumn - Padding, TextHeight(TextStyle::Small),
-                                  "rest " + rest, TextStyle::Small, Align::Left, Grey});
+            bars.height = BarHeight / 2;
+            band.texts.push_back({count, BarTop + BarHeight / 2, countColumn - Padding,
+                                  BarHeight / 2, "rest " + rest, TextStyle::Small, Align::Left,
+                                  Grey});
         }
     }
     return left;

@@ -142,4 +142,22 @@ PlanSearchOutcome SearchCheaperPlan(const CuttingProblem& problem, const Plan& t
     return outcome;
 }
 
+double MethodFigure(const CuttingProblem& problem, const Plan& plan) {
+    return static_cast<double>(ObjectiveOf(problem, plan)) / 100.0;
+}
+
+std::optional<double> LeastMethodFigure(const CuttingProblem& problem,
+                                        const PlanSearchOutcome& outcome) {
+    return problem.objective == Objective::Cost ? outcome.leastCost : outcome.leastMaterial;
+}
+
+std::optional<double> PercentAboveLeast(const CuttingProblem& problem, const Plan& plan,
+                                        const PlanSearchOutcome& outcome) {
+    const std::optional<double> least = LeastMethodFigure(problem, outcome);
+    if (!least || *least <= 0) {
+        return std::nullopt;
+    }
+    return (MethodFigure(problem, plan) - *least) / *least * 100.0;
+}
+
 }  // namespace brennik

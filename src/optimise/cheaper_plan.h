@@ -35,6 +35,16 @@ struct PlanSearchOutcome {
     std::vector<double> materialDuals;
 };
 
+// The figure that the problem's Method keeps small, of a plan, in the units of the entries.
+double MethodFigure(const CuttingProblem& problem, const Plan& plan);
+
+// The least that figure could be, when the search got as far; and how far above it a plan lies,
+// in percent.
+std::optional<double> LeastMethodFigure(const CuttingProblem& problem,
+                                        const PlanSearchOutcome& outcome);
+std::optional<double> PercentAboveLeast(const CuttingProblem& problem, const Plan& plan,
+                                        const PlanSearchOutcome& outcome);
+
 // `toBeat` must cut every piece of `problem` exactly (CutsExactly).
 PlanSearchOutcome SearchCheaperPlan(const CuttingProblem& problem, const Plan& toBeat,
                                     const PlanSearchOptions& options);

@@ -265,23 +265,9 @@ extern "C" void RequestCancel(int) {
     cancelRequested.store(true);
 }
 
-// The figure the Method keeps small, of a plan and at best, in the units of the entries.
-double MethodFigure(const CuttingProblem& problem, const Plan& plan) {
-    const int64_t hundredths = problem.objective == Objective::Cost ? PlanCost(problem, plan)
-                                                                    : PlanMaterial(problem, plan);
-    return static_cast<double>(hundredths) / 100.0;
-}
-
-std::optional<double> LeastMethodFigure(const CuttingProblem& problem,
-                                        const PlanSearchOutcome& outcome) {
-    return problem.objective == Objective::Cost ? outcome.leastCost : outcome.leastMaterial;
-}
-
 void PrintGap(const CuttingProblem& problem, const Plan& plan, const PlanSearchOutcome& outcome) {
-    const std::optional<double> least = LeastMethodFigure(problem, outcome);
-    if (least && *least > 0) {
-        std::printf("This plan is %.2f %% above\n",
-                    (MethodFigure(problem, plan) - *least) / *least * 100.0);
+    if (const std::optional<double> above = PercentAboveLeast(problem, plan, outcome)) {
+        std::printf("This plan is %.2f %% above\n", *above);
     }
 }
 
@@ -325,6 +311,14 @@ void PrintCheaperPlan(const Module1& planBlock, bool advanced, const CuttingProb
     PrintStop(outcome, "this is the best plan found so far");
 }
 
+// Qt's notes on its surroundings (no runtime folder, no session) mean nothing to a shell user;
+// only its errors are passed on.
+void QtErrorsOnly(QtMsgType type, const QMessageLogContext&, const QString& message) {
+    if (type == QtCriticalMsg || type == QtFatalMsg) {
+        std::cerr << "brennik-solve: " << message.toStdString() << "\n";
+    }
+}
+
 // The PDF and the SVG of last.sol. Qt draws them under its offscreen platform, which needs no
 // display. False when one could not be written.
 bool WriteDrawings(const Options& options, FileSystem& files) {
@@ -334,6 +328,7 @@ bool WriteDrawings(const Options& options, FileSystem& files) {
         return false;
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(QtErrorsOnly);
     int argc = 1;
     char name[] = "brennik-solve";
     char* argv[] = {name, nullptr};

@@ -7,10 +7,12 @@
 #include "engine/better_solution.h"
 #include "files/problem_files.h"
 #include "files/settings.h"
+#include "optimise/press_plan.h"
 #include "report/page_files.h"
 #include "run/find_press.h"
 #include "shell/qt/form3.h"
 #include "shell/qt/qt_surface.h"
+#include "shell/qt/solution_window.h"
 #include "shell/qt/twips.h"
 
 namespace brennik {
@@ -94,7 +96,7 @@ QPushButton* MakeButton(QWidget* parent, const QString& caption, int left, int t
     return button;
 }
 
-void Colour(QWidget* widget, QPalette::ColorRole role, QColor colour) {
+void SetRoleColour(QWidget* widget, QPalette::ColorRole role, QColor colour) {
     QPalette palette = widget->palette();
     palette.setColor(role, colour);
     widget->setPalette(palette);
@@ -115,6 +117,7 @@ Form2::Form2(const std::string& appFolder)
     SetTabOrder();
     surface_ = std::make_unique<QtSurface>(c_, this);
     platform_ = std::make_unique<Platform>(Platform{*surface_, files_, clock_});
+    surface_->SetViewer([this](const std::string& path) { ShowSolution(path); });
     Connect();
 }
 
@@ -173,10 +176,10 @@ void Form2::BuildRunMode() {
     title->setFont(TitleFont(12));
     Place(title, 3780, 300, 1395, 375);
     c_.Option1 = new QRadioButton("Method - A", this);
-    Colour(c_.Option1, QPalette::WindowText, MethodARed);
+    SetRoleColour(c_.Option1, QPalette::WindowText, MethodARed);
     Place(c_.Option1, 3780, 780, 1395, 315);
     c_.Option2 = new QRadioButton("Method - B", this);
-    Colour(c_.Option2, QPalette::WindowText, MethodBBlue);
+    SetRoleColour(c_.Option2, QPalette::WindowText, MethodBBlue);
     Place(c_.Option2, 3780, 1200, 1395, 315);
     c_.Check1 = new QCheckBox("Advanced", this);
     Place(c_.Check1, 3780, 1620, 1395, 375);
@@ -240,7 +243,7 @@ void Form2::BuildSettingsPanel() {
     Place(title, 180, 240, 1875, 375);
     auto* rule = new QFrame(c_.Frame1);
     rule->setAutoFillBackground(true);
-    Colour(rule, QPalette::Window, QColor(128, 0, 128));
+    SetRoleColour(rule, QPalette::Window, QColor(128, 0, 128));
     rule->setGeometry(Px(180), Px(660), Px(1800), 2);
 
     c_.Check2 = new QCheckBox("Waste Summary", c_.Frame1);
@@ -279,7 +282,7 @@ void Form2::SetTabOrder() {
 void Form2::Connect() {
     Module1& m = *m_;
     QtSurface& surface = *surface_;
-    connect(c_.cmdFind, &QPushButton::clicked, this, [this] { cmdFind_Click(*m_, *platform_); });
+    connect(c_.cmdFind, &QPushButton::clicked, this, [this] { cmdFind_Click(); });
     connect(c_.cmdView, &QPushButton::clicked, this,
             [this, &m, &surface] { ViewSolution(m, surface, files_); });
     connect(c_.cmdSave, &QPushButton::clicked, this,
@@ -298,6 +301,39 @@ void Form2::Connect() {
 void Form2::Load() {
     c_.Option1->setChecked(true);
     LoadSettings(*m_, *surface_, files_);
+}
+
+// The press, and what it left for the solution window: a press the intake refused leaves
+// last.sol, and what is known of it, as they were.
+void Form2::cmdFind_Click() {
+    const bool advanced = c_.Check1->isChecked();
+    brennik::cmdFind_Click(*m_, *platform_);
+    const Module1& m = *m_;
+    if (m.EntryError || m.LengthError) {
+        return;
+    }
+    auto press = std::make_shared<PressOutcome>();
+    if (m.FileError || !files_.ReadFile("last.sol", press->report)) {
+        lastPress_.reset();
+        return;
+    }
+    press->block = m;
+    press->advanced = advanced;
+    press->problem = ProblemOfPress(m);
+    press->plan = PlanOfPress(m, press->problem);
+    lastPress_ = std::move(press);
+}
+
+SolutionWindow* Form2::Solution() const {
+    return solution_;
+}
+
+void Form2::ShowSolution(const std::string& path) {
+    if (solution_ == nullptr) {
+        solution_ = new SolutionWindow(files_.CurrentFolder());
+        solution_->setWindowIcon(windowIcon());
+    }
+    solution_->ShowSolution(path, m_->PageWidth, lastPress_);
 }
 
 void Form2::cmdExit_Click() {

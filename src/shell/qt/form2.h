@@ -7,6 +7,7 @@
 #include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
@@ -25,6 +26,8 @@ namespace brennik {
 
 class QtSurface;
 class Form3;
+class SolutionWindow;
+struct PressOutcome;
 
 // The named controls of the form; arrays are addressed by row from 1.
 struct Form2Controls {
@@ -68,6 +71,8 @@ public:
     Module1& Block() { return *m_; }
     FileSystem& Files() { return files_; }
     QtSurface& Surface() { return *surface_; }
+    // The solution window View & Print opened, while it is open.
+    SolutionWindow* Solution() const;
 
 private:
     void BuildEntryRows();
@@ -78,8 +83,10 @@ private:
     void SetTabOrder();
     void Connect();
 
+    void cmdFind_Click();
     void cmdExit_Click();
     void cmdHelpTip_Click();
+    void ShowSolution(const std::string& path);
 
     Form2Controls c_;
     std::unique_ptr<Module1> m_;
@@ -88,6 +95,10 @@ private:
     std::unique_ptr<QtSurface> surface_;
     std::unique_ptr<Platform> platform_;
     Form3* helpTip_ = nullptr;
+    // What the last press that wrote a report left, for the quality of its plan.
+    std::shared_ptr<const PressOutcome> lastPress_;
+    // A window of its own: it stays open when this form closes.
+    QPointer<SolutionWindow> solution_;
 };
 
 }  // namespace brennik

@@ -1,15 +1,12 @@
 #include "shell/qt/qt_surface.h"
 
 #include <QApplication>
-#include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QStringList>
-#include <QUrl>
 #include <stdexcept>
 
-#include "shell/qt/text_viewer.h"
 #include "shell/qt/twips.h"
 
 namespace brennik {
@@ -258,9 +255,8 @@ void QtSurface::Beep() {
 }
 
 void QtSurface::StartViewer(const std::string& path) {
-    const QString file = QString::fromStdString(path);
-    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(file))) {
-        ShowTextViewer(file, window_);
+    if (viewer_) {
+        viewer_(path);
     }
 }
 

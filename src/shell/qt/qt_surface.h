@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <QWidget>
+#include <functional>
 #include <optional>
 #include <utility>
 
@@ -37,7 +38,10 @@ public:
     std::string SaveFileDialog(std::string_view title, std::string_view filter,
                                const std::string& folder) override;
     void Beep() override;
+    // The solution window stands in for the system's text viewer; the form that owns it says
+    // how a file is shown.
     void StartViewer(const std::string& path) override;
+    void SetViewer(std::function<void(const std::string&)> viewer) { viewer_ = std::move(viewer); }
 
     QWidget* Widget(Control control) const;
 
@@ -59,6 +63,7 @@ private:
     QString lastFileName_;  // a dialog offers the name chosen the time before
     std::optional<QString> nextFileName_;
     std::optional<std::optional<QString>> nextInput_;
+    std::function<void(const std::string&)> viewer_;
 };
 
 }  // namespace brennik
