@@ -153,9 +153,8 @@ private:
             const std::string slice = from < line.size() ? line.substr(from, width) : "";
             const double baseline =
                 static_cast<double>(k - page.first) * ReferenceSize * LineSpacing + ascent;
-            painter.drawText(
-                QPointF(0, baseline),
-                QString::fromLatin1(slice.data(), static_cast<qsizetype>(slice.size())));
+            painter.drawText(QPointF(0, baseline),
+                             QString::fromUtf8(slice.data(), static_cast<qsizetype>(slice.size())));
         }
         painter.restore();
     }

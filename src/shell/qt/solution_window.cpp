@@ -21,7 +21,7 @@ namespace brennik {
 namespace {
 
 QString FromBytes(const std::string& bytes) {
-    return QString::fromLatin1(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
 }
 
 QString FigureText(const CuttingProblem& problem, double figure) {
