@@ -11,6 +11,7 @@
 #include "shell/qt/form2.h"
 #include "shell/qt/form3.h"
 #include "shell/qt/qt_surface.h"
+#include "shell/qt/screen_place.h"
 
 namespace brennik {
 
@@ -54,6 +55,15 @@ private:
     void Click(QAbstractButton* button) { QTest::mouseClick(button, Qt::LeftButton); }
     QColor Back(QLineEdit* box) const { return box->palette().color(QPalette::Base); }
     QColor Fore(QLineEdit* box) const { return box->palette().color(QPalette::Text); }
+    // The help tip on the screen, if one is open.
+    static QWidget* HelpTip() {
+        QWidget* tip = nullptr;
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            tip = window->windowTitle() == "Form3" && window->isVisible() ? window : tip;
+        }
+        return tip;
+    }
+
     QString FileText(const QString& name) const {
         QFile file(folder_->filePath(name));
         return file.open(QIODevice::ReadOnly) ? QString::fromLatin1(file.readAll()) : QString();
@@ -182,10 +192,7 @@ private slots:
 
     void helpTipOpensBesideTheFormWithoutBlockingIt() {
         Click(C().cmdHelpTip);
-        QWidget* tip = nullptr;
-        for (QWidget* window : QApplication::topLevelWidgets()) {
-            tip = window->windowTitle() == "Form3" && window->isVisible() ? window : tip;
-        }
+        QWidget* tip = HelpTip();
         QVERIFY(tip != nullptr);
         QVERIFY(!tip->isModal());
         const auto* hints = tip->findChild<QPlainTextEdit*>();
@@ -194,6 +201,33 @@ private slots:
         TypeRows(kTwelveStock, kTwelveCuts);
         Click(C().cmdFind);
         QCOMPARE(C().txtLong->text(), QString(" Done !."));
+        tip->close();
+    }
+
+    void returnAndEnterPressTheFocusedButton() {
+        TypeRows(kTwelveStock, kTwelveCuts);
+        QTest::keyClick(C().cmdFind, Qt::Key_Return);
+        QCOMPARE(C().txtLong->text(), QString(" Done !."));
+        QTest::keyClick(C().cmdConfig, Qt::Key_Enter, Qt::KeypadModifier);
+        QVERIFY(C().Frame1->isVisible());
+        QTest::keyClick(C().Command1, Qt::Key_Return);
+        QVERIFY(!C().Frame1->isVisible());
+        QTest::keyClick(C().cmdHelpTip, Qt::Key_Return);
+        QPointer<QWidget> tip = HelpTip();
+        QVERIFY(tip != nullptr);
+        QTest::keyClick(tip->findChild<QPushButton*>(), Qt::Key_Return);
+        QTRY_VERIFY(tip.isNull() || !tip->isVisible());
+    }
+
+    void formsOpenWhollyOnTheScreen() {
+        const QRect room = form_->screen()->availableGeometry();
+        CentreOnMouseScreen(form_.get());
+        QVERIFY(room.contains(form_->frameGeometry()));
+        form_->move(room.right() - 40, room.bottom() - 40);
+        Click(C().cmdHelpTip);
+        QWidget* tip = HelpTip();
+        QVERIFY(tip != nullptr);
+        QVERIFY(room.contains(tip->frameGeometry()));
         tip->close();
     }
 

@@ -4,7 +4,9 @@
 #include <QPushButton>
 
 #include "shell/documents.h"
+#include "shell/qt/button_keys.h"
 #include "shell/qt/form2.h"
+#include "shell/qt/screen_place.h"
 #include "shell/qt/twips.h"
 
 namespace brennik {
@@ -30,6 +32,8 @@ Form1::Form1(std::string appFolder) : appFolder_(std::move(appFolder)) {
     setTabOrder(start, exit);
     start->setFocus();
 
+    PressFocusedButtonOnReturn(this);
+    CentreOnMouseScreen(this);
     connect(start, &QPushButton::clicked, this, [this] { Command1_Click(); });
     connect(exit, &QPushButton::clicked, this, &QWidget::close);
 }
@@ -39,6 +43,7 @@ void Form1::Command1_Click() {
     form2->setAttribute(Qt::WA_DeleteOnClose);
     form2->setWindowIcon(windowIcon());
     form2->Load();
+    CentreOnMouseScreen(form2);
     form2->show();
     WriteDocuments(form2->Files());
     close();

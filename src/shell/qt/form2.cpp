@@ -10,8 +10,10 @@
 #include "optimise/press_plan.h"
 #include "report/page_files.h"
 #include "run/find_press.h"
+#include "shell/qt/button_keys.h"
 #include "shell/qt/form3.h"
 #include "shell/qt/qt_surface.h"
+#include "shell/qt/screen_place.h"
 #include "shell/qt/solution_window.h"
 #include "shell/qt/twips.h"
 
@@ -119,6 +121,7 @@ Form2::Form2(const std::string& appFolder)
     platform_ = std::make_unique<Platform>(Platform{*surface_, files_, clock_});
     surface_->SetViewer([this](const std::string& path) { ShowSolution(path); });
     Connect();
+    PressFocusedButtonOnReturn(this);
 }
 
 Form2::~Form2() = default;
@@ -347,6 +350,9 @@ void Form2::cmdHelpTip_Click() {
         connect(helpTip_, &QObject::destroyed, this, [this] { helpTip_ = nullptr; });
     }
     helpTip_->show();
+    // Placed beside the form, the tip may stand out over the screen's edge; its frame is known
+    // once it is shown.
+    KeepOnScreen(helpTip_);
     helpTip_->raise();
 }
 

@@ -3,6 +3,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+#include "shell/qt/button_keys.h"
 #include "shell/qt/twips.h"
 
 namespace brennik {
@@ -57,6 +58,7 @@ Form3::Form3(QWidget* beside) : QDialog(nullptr) {
     ok->setFocus();
     connect(ok, &QPushButton::clicked, this, &QDialog::close);
 
+    PressFocusedButtonOnReturn(this);
     if (beside != nullptr) {
         move(beside->mapToGlobal(QPoint(Px(1920), Px(2565))));
     }
