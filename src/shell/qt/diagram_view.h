@@ -17,7 +17,6 @@ public:
 
     void SetReport(const SolutionReport& report);
     const Diagram& Shown() const { return diagram_; }
-    double Zoom() const { return zoom_; }
     // Pixels per unit of the sheet: the sheet is laid out in points, shown at the zoom.
     double Scale() const;
 

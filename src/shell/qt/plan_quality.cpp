@@ -11,8 +11,8 @@ namespace brennik {
 
 namespace {
 
-// The least figure is worked out with as much time as a search for a plan gets.
-constexpr double LeastFigureTimeLimit = 10;
+// Seconds for the least figure and for a search for a cheaper plan alike.
+constexpr double TimeLimit = 10;
 
 QString Amount(double value) {
     return QString::number(value, 'f', 2);
@@ -23,6 +23,10 @@ QString FigureName(const CuttingProblem& problem) {
 }
 
 }  // namespace
+
+QString FigureText(const CuttingProblem& problem, double figure) {
+    return FigureName(problem) + " " + Amount(figure);
+}
 
 PlanQuality::PlanQuality(std::string folder, CheaperPlanFound onCheaperPlan, QWidget* parent)
     : QFrame(parent),
@@ -48,7 +52,7 @@ PlanQuality::PlanQuality(std::string folder, CheaperPlanFound onCheaperPlan, QWi
     connect(cancelButton_, &QPushButton::clicked, this, [this] { Cancel(); });
     connect(&watcher_, &QFutureWatcher<PlanSearchOutcome>::finished, this, [this] { Finished(); });
     connect(&ticker_, &QTimer::timeout, this, [this] {
-        const double done = static_cast<double>(elapsed_.elapsed()) / 1000.0 / timeLimit_;
+        const double done = static_cast<double>(elapsed_.elapsed()) / 1000.0 / TimeLimit;
         progress_->setValue(static_cast<int>(std::min(done, 1.0) * 100));
     });
 }
@@ -91,11 +95,10 @@ void PlanQuality::Start(bool findPlan) {
     cancel_ = false;
     busy_ = true;
     searching_ = findPlan;
-    const PlanSearchOptions options{findPlan ? timeLimit_ : LeastFigureTimeLimit, &cancel_,
-                                    findPlan};
+    const PlanSearchOptions options{TimeLimit, &cancel_, findPlan};
     ShowBusy(true);
     if (findPlan) {
-        Say("Searching for a cheaper plan, for up to " + QString::number(timeLimit_) +
+        Say("Searching for a cheaper plan, for up to " + QString::number(TimeLimit) +
             " seconds...");
     } else {
         least_.clear();
@@ -135,7 +138,7 @@ void PlanQuality::Finished() {
             files.ReadFile("cheaper.sol", report)) {
             const double press = MethodFigure(problem, press_->plan);
             const double cheaper = MethodFigure(problem, outcome.plan);
-            found = "A cheaper plan: " + FigureName(problem) + " " + Amount(cheaper) + ", " +
+            found = "A cheaper plan: " + FigureText(problem, cheaper) + ", " +
                     Amount((press - cheaper) / press * 100) + " % less, in cheaper.sol.";
             onCheaperPlan_(report, cheaper);
         } else {

@@ -29,6 +29,9 @@ struct PressOutcome {
     std::string report;  // last.sol as the press wrote it
 };
 
+// A plan's figure as the window writes it: "cost 6080.10" or "material 1287.80".
+QString FigureText(const CuttingProblem& problem, double figure);
+
 class PlanQuality final : public QFrame {
 public:
     // `folder` is where cheaper.sol is written; `onCheaperPlan` gets the text of the cheaper
@@ -47,8 +50,6 @@ public:
     bool Busy() const { return busy_; }
     QString Figures() const { return figures_->text(); }
     QPushButton* FindButton() const { return find_; }
-    // Seconds that a search for a cheaper plan may take.
-    void SetTimeLimit(double seconds) { timeLimit_ = seconds; }
 
 private:
     void Start(bool findPlan);
@@ -61,7 +62,6 @@ private:
     CheaperPlanFound onCheaperPlan_;
     QString least_;  // what is known of the least figure
     std::shared_ptr<const PressOutcome> press_;
-    double timeLimit_ = 10;
     bool busy_ = false;
     bool searching_ = false;  // the running task searches for a plan, not the least figure only
     std::atomic<bool> cancel_{false};

@@ -24,11 +24,6 @@ QString FromBytes(const std::string& bytes) {
     return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
 }
 
-QString FigureText(const CuttingProblem& problem, double figure) {
-    return (problem.objective == Objective::Cost ? "cost " : "material ") +
-           QString::number(figure, 'f', 2);
-}
-
 }  // namespace
 
 SolutionWindow::SolutionWindow(std::string folder)
