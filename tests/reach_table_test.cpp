@@ -1,5 +1,6 @@
 // The table of reachable sums against sums worked out one by one, for every row and every sum
-// up to the bar, with every row kept, with only every few rows kept, and by residue.
+// up to the bar, with every row kept, with only every few rows kept, and by residue above rows
+// of bits.
 #include "engine/reach_table.h"
 
 #include <gtest/gtest.h>
@@ -33,11 +34,12 @@ TEST(ReachTable, EveryRowHoldsExactlyTheSumsOfItsLengths) {
         const int count = 2 + static_cast<int>(random() % 12);
         const int64_t bar = 200 + static_cast<int64_t>(random() % 1500);
         std::vector<int64_t> lengths(count), most(count);
+        // Every third table has a short length that goes in as often as it fits, the last one
+        // or one with lengths below it: the rows down to it go by residue.
+        const int modulusRow = trial % 3 == 2 ? 1 + static_cast<int>(random() % (count - 1)) : 0;
         for (int d = 0; d < count; ++d) {
-            // Short and long lengths, so that both ways of adding counts are taken; and every
-            // third table one whose last length is short and goes in as often as it fits, whose
-            // rows go by residue.
-            const bool byResidue = trial % 3 == 2 && d == count - 1;
+            // Short and long lengths, so that both ways of adding counts are taken.
+            const bool byResidue = d == modulusRow;
             lengths[d] = trial % 2 == 0 ? 7 + random() % 60 : 64 + random() % 300;
             if (byResidue) {
                 lengths[d] = 2 + static_cast<int64_t>(random() % (bar / 64 - 1));
@@ -59,6 +61,10 @@ TEST(ReachTable, EveryRowHoldsExactlyTheSumsOfItsLengths) {
                             << "row " << d << " sum " << sum;
                         highest = expected[d][sum] ? sum : highest;
                         ASSERT_EQ(table.HighestUpTo(d, sum), highest) << "row " << d;
+                        const int64_t lowest = sum - sum % 97;
+                        ASSERT_EQ(table.HighestUpTo(d, sum, lowest),
+                                  highest >= lowest ? highest : -1)
+                            << "row " << d << " from " << lowest;
                     }
                 }
             }

@@ -139,9 +139,15 @@ private:
         int64_t bestSum = -1;
         for (int64_t c = std::min(max_[0], bar / length_[0]); c >= 1 && bar - bestSum > floor_;
              --c) {
-            const int64_t sum = c * length_[0] + reach.HighestUpTo(1, bar - c * length_[0]);
-            if (sum > bestSum) {
-                bestSum = sum;
+            const int64_t rest = bar - c * length_[0];
+            if (LeastWasteBelow(1, rest) >= bar - bestSum) {
+                continue;  // the table need not be read where the bound rules it out
+            }
+            // Only a sum above the best one found so far is looked for.
+            const int64_t below =
+                reach.HighestUpTo(1, rest, std::max<int64_t>(0, bestSum - c * length_[0] + 1));
+            if (below >= 0) {
+                bestSum = c * length_[0] + below;
                 best_[0] = c;
             }
         }

@@ -15,9 +15,22 @@ constexpr std::size_t KeptWords = std::size_t{1} << 21;
 
 }  // namespace
 
-bool ReachTable::ByResidue(int count, const int64_t* lengths, const int64_t* most, int64_t bar) {
-    return count >= 2 && lengths[count - 1] <= bar / 64 &&
-           most[count - 1] >= bar / lengths[count - 1];
+int ReachTable::ModulusRow(int count, const int64_t* lengths, const int64_t* most, int64_t bar) {
+    for (int d = count - 1; d >= 1; --d) {
+        if (lengths[d] <= bar / 64 && most[d] >= bar / lengths[d]) {
+            return d;
+        }
+    }
+    return 0;
+}
+
+int64_t ReachTable::SumsUpTo(int from, int count, const int64_t* lengths, const int64_t* most,
+                             int64_t bar) {
+    int64_t sum = 0;
+    for (int d = from; d < count && sum < bar; ++d) {
+        sum += std::min(most[d], bar / lengths[d]) * lengths[d];
+    }
+    return std::min(sum, bar);
 }
 
 namespace {
@@ -30,10 +43,12 @@ int64_t Chunks(int64_t most) {
 }  // namespace
 
 int64_t ReachTable::Cost(int count, const int64_t* lengths, const int64_t* most, int64_t bar) {
-    const bool byResidue = ByResidue(count, lengths, most, bar);
-    const int64_t row = byResidue ? lengths[count - 1] : bar / 64 + 1;
+    const int modulusRow = ModulusRow(count, lengths, most, bar);
+    const int64_t bitsBar = SumsUpTo(modulusRow + 1, count, lengths, most, bar);
     int64_t work = 0;
     for (int d = 1; d < count; ++d) {
+        const bool byResidue = d <= modulusRow;
+        const int64_t row = byResidue ? lengths[modulusRow] : bitsBar / 64 + 1;
         const bool anyCount = most[d] >= bar / lengths[d] && (byResidue || lengths[d] >= 64);
         work += row * (anyCount ? 2 : 1 + Chunks(most[d]));
     }
@@ -46,21 +61,29 @@ void ReachTable::Build(int count, const int64_t* lengths, const int64_t* most, i
     lengths_ = lengths;
     most_ = most;
     bar_ = bar;
-    if (ByResidue(count, lengths, most, bar)) {
+    modulusRow_ = ModulusRow(count, lengths, most, bar);
+    modulus_ = modulusRow_ > 0 ? lengths[modulusRow_] : 0;
+    bitsBar_ = SumsUpTo(modulusRow_ + 1, count, lengths, most, bar);
+    BuildBits(spacing);
+    if (modulusRow_ > 0) {
         BuildResidues();
-        return;
     }
-    modulus_ = 0;
-    words_ = static_cast<std::size_t>(bar / 64 + 1);
+}
+
+// The rows of bits, count down to the one below the modulus row (to row 1 without one).
+void ReachTable::BuildBits(int spacing) {
+    const int rows = count_ - modulusRow_;
+    words_ = static_cast<std::size_t>(bitsBar_ / 64 + 1);
     if (spacing > 0) {
         spacing_ = spacing;
-    } else if (static_cast<std::size_t>(count) * words_ <= KeptWords) {
+    } else if (static_cast<std::size_t>(rows) * words_ <= KeptWords) {
         spacing_ = 1;
     } else {
-        spacing_ = static_cast<int>(std::ceil(std::sqrt(count)));
+        spacing_ = static_cast<int>(std::ceil(std::sqrt(rows)));
     }
-    // Kept rows count, count - spacing, ... down to 1; then the rows between two kept ones.
-    keptSlots_ = static_cast<std::size_t>((count - 1) / spacing_ + 1);
+    // Kept rows count, count - spacing, ... down to the lowest; then the rows between two kept
+    // ones.
+    keptSlots_ = static_cast<std::size_t>((rows - 1) / spacing_ + 1);
     // Every row but the top one is written whole before it is read.
     const std::size_t size = (keptSlots_ + static_cast<std::size_t>(spacing_ - 1)) * words_;
     if (bits_.capacity() < size) {
@@ -69,8 +92,8 @@ void ReachTable::Build(int count, const int64_t* lengths, const int64_t* most, i
     bits_.resize(size);
     std::fill(Slot(0), Slot(0) + words_, 0);
     Slot(0)[0] = 1;
-    segmentTop_ = count;
-    for (int d = count - 1; d >= 1; --d) {
+    segmentTop_ = count_;
+    for (int d = count_ - 1; d > modulusRow_; --d) {
         segmentTop_ = KeptAbove(d + 1);  // the spare slots now fill with this segment's rows
         AddLength(d, Row(d + 1), Row(d));
     }
@@ -83,7 +106,7 @@ uint64_t* ReachTable::Row(int d) {
     const int top = KeptAbove(d);
     if (top != segmentTop_) {
         segmentTop_ = top;
-        for (int r = top - 1; r >= std::max(1, top - spacing_ + 1); --r) {
+        for (int r = top - 1; r >= std::max(modulusRow_ + 1, top - spacing_ + 1); --r) {
             AddLength(r, Row(r + 1), Row(r));
         }
     }
@@ -91,13 +114,21 @@ uint64_t* ReachTable::Row(int d) {
 }
 
 void ReachTable::BuildResidues() {
-    modulus_ = lengths_[count_ - 1];
     const auto width = static_cast<std::size_t>(modulus_);
-    least_.assign(static_cast<std::size_t>(count_ - 1) * width, static_cast<int32_t>(bar_ + 1));
-    // Row count - 1 holds the multiples of the last length; each row above adds its length.
-    int32_t* row = least_.data() + static_cast<std::size_t>(count_ - 2) * width;
-    row[0] = 0;
-    for (int d = count_ - 2; d >= 1; --d) {
+    const auto none = static_cast<int32_t>(bar_ + 1);
+    least_.assign(static_cast<std::size_t>(modulusRow_) * width, none);
+    // The modulus row holds the sums of the rows of bits below it, and their sums with any
+    // count of the modulus length; each row above adds its length.
+    int32_t* row = least_.data() + static_cast<std::size_t>(modulusRow_ - 1) * width;
+    const uint64_t* below = Row(modulusRow_ + 1);
+    for (std::size_t word = 0; word < words_; ++word) {
+        for (uint64_t bits = below[word]; bits != 0; bits &= bits - 1) {
+            const auto sum = static_cast<int64_t>(word * 64) + std::countr_zero(bits);
+            int32_t& least = row[static_cast<std::size_t>(sum % modulus_)];
+            least = std::min(least, static_cast<int32_t>(sum));
+        }
+    }
+    for (int d = modulusRow_ - 1; d >= 1; --d) {
         int32_t* above = row - width;
         std::copy(row, row + width, above);
         if (most_[d] >= bar_ / lengths_[d]) {
@@ -167,34 +198,40 @@ bool ReachTable::Has(int d, int64_t sum) {
     if (sum < 0) {
         return false;
     }
-    if (modulus_ > 0) {
-        if (d == count_) {
-            return sum == 0;
-        }
+    if (ByResidue(d)) {
         const auto width = static_cast<std::size_t>(modulus_);
         return least_[static_cast<std::size_t>(d - 1) * width +
                       static_cast<std::size_t>(sum % modulus_)] <= sum;
     }
-    return ((Row(d)[sum / 64] >> (sum % 64)) & 1) != 0;
+    return sum <= bitsBar_ && ((Row(d)[sum / 64] >> (sum % 64)) & 1) != 0;
 }
 
-int64_t ReachTable::HighestUpTo(int d, int64_t limit) {
-    if (modulus_ > 0) {
-        // The next sum above the highest one is that sum plus the last length, so the highest
-        // lies less than one last length below the limit.
-        int64_t sum = limit;
-        while (!Has(d, sum)) {
-            --sum;
+int64_t ReachTable::HighestUpTo(int d, int64_t limit, int64_t lowest) {
+    if (ByResidue(d)) {
+        // The next sum above the highest one is that sum plus the modulus length, so the
+        // highest lies less than one such length below the limit. The residue steps down with
+        // the sum.
+        const int32_t* least = least_.data() + static_cast<std::size_t>(d - 1) * modulus_;
+        for (int64_t sum = limit, residue = limit % modulus_; sum >= lowest; --sum) {
+            if (least[residue] <= sum) {
+                return sum;
+            }
+            residue = residue > 0 ? residue - 1 : modulus_ - 1;
         }
-        return sum;
+        return -1;
+    }
+    limit = std::min(limit, bitsBar_);
+    if (limit < lowest) {
+        return -1;
     }
     const uint64_t* row = Row(d);
     int64_t word = limit / 64;
     uint64_t bits = row[word] & (~uint64_t{0} >> (63 - limit % 64));
-    while (bits == 0) {
+    while (bits == 0 && word > lowest / 64) {
         bits = row[--word];
     }
-    return word * 64 + 63 - std::countl_zero(bits);
+    const int64_t highest = bits == 0 ? -1 : word * 64 + 63 - std::countl_zero(bits);
+    return highest >= lowest ? highest : -1;
 }
 
 void ReachTable::Release() {
@@ -211,7 +248,7 @@ void ReachTable::Release() {
 void ReachTable::AddLength(int d, const uint64_t* from, uint64_t* to) {
     const int64_t length = lengths_[d];
     int64_t most = most_[d];
-    if (most >= bar_ / length && length >= 64) {
+    if (most >= bitsBar_ / length && length >= 64) {
         AddAnyCount(from, to, length);
         return;
     }

@@ -1,8 +1,9 @@
 // The table of reachable sums behind the pattern search: for the lengths of a search after the
 // first, which sums of pieces each suffix of them can make, up to the bar. It answers the
-// searches whose walk would grow too large. A row is one bit per hundredth of the bar; or, where
-// the last length may go in as often as it fits and is short beside the bar, the least sum of
-// each residue modulo that length.
+// searches whose walk would grow too large. A row is one bit per hundredth of the bar; or, for
+// the suffixes holding a length that may go in as often as it fits and is short beside the bar,
+// the least sum of each residue modulo that length. The rows below the deepest such length then
+// hold bits up to what their own lengths can make.
 #pragma once
 
 #include <cstddef>
@@ -26,23 +27,30 @@ public:
     static int64_t Cost(int count, const int64_t* lengths, const int64_t* most, int64_t bar);
 
     bool Has(int d, int64_t sum);
-    // The largest sum of row d not above `limit`; there is always 0.
-    int64_t HighestUpTo(int d, int64_t limit);
+    // The largest sum of row d from `lowest` to `limit`, or -1 when the row has none there; from
+    // 0 there is always one.
+    int64_t HighestUpTo(int d, int64_t limit, int64_t lowest = 0);
 
     // Gives the memory of a large table back, so that a thread keeps little between searches.
     void Release();
 
 private:
-    // Whether the last length can go in as often as the bar holds it and is short enough for
-    // rows by residue to be the smaller table.
-    static bool ByResidue(int count, const int64_t* lengths, const int64_t* most, int64_t bar);
-    // Rows by residue: a sum up to the bar belongs to row d when it is at least the least sum of
-    // its residue, since the last length, in every row, can be added again and again to reach
-    // the others.
+    // The deepest row d >= 1 whose length can go in as often as the bar holds it and is short
+    // enough for rows by residue to be the smaller table; 0 when there is none.
+    static int ModulusRow(int count, const int64_t* lengths, const int64_t* most, int64_t bar);
+    // The most that lengths `from` to count - 1 make together, up to the bar.
+    static int64_t SumsUpTo(int from, int count, const int64_t* lengths, const int64_t* most,
+                            int64_t bar);
+    // Rows by residue, 1 to modulusRow_: a sum up to the bar belongs to row d when it is at
+    // least the least sum of its residue, since the modulus length, in every such row, can be
+    // added again and again to reach the others. The row of the modulus length takes the least
+    // sums from the bits of the row below it.
     void BuildResidues();
+    void BuildBits(int spacing);
     void AddAnyCountToResidues(int32_t* row, int64_t length) const;
     void AddOnceToResidues(int32_t* row, int64_t length);
 
+    bool ByResidue(int d) const { return d <= modulusRow_; }
     bool IsKept(int d) const { return (count_ - d) % spacing_ == 0; }
     // The kept row at or above row d, which the rows between it and d are worked out from.
     int KeptAbove(int d) const { return d + (count_ - d) % spacing_; }
@@ -54,15 +62,17 @@ private:
     void AddAnyCount(const uint64_t* from, uint64_t* to, int64_t shift);
 
     int count_ = 0;
+    int modulusRow_ = 0;  // rows 1 to this one go by residue
     int spacing_ = 1;
     std::size_t keptSlots_ = 0;
     int segmentTop_ = 0;  // the kept row whose rows below are in the spare slots
     const int64_t* lengths_ = nullptr;
     const int64_t* most_ = nullptr;
     int64_t bar_ = 0;
+    int64_t bitsBar_ = 0;  // the highest sum that a row of bits holds
     std::size_t words_ = 0;
     std::vector<uint64_t> bits_;
-    int64_t modulus_ = 0;  // the last length, when the rows go by residue; else 0
+    int64_t modulus_ = 0;  // the length of the modulus row; 0 when no row goes by residue
     std::vector<int32_t> least_;
     std::vector<int32_t> before_;  // a row by residue before a chunk is added
 };

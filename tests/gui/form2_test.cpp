@@ -26,6 +26,40 @@ const QColor kRed(255, 0, 0);
 const QColor kBlue(0, 0, 255);
 const QColor kWhite(255, 255, 255);
 
+// What each text box showed when it was last painted, and how often it was painted.
+class PaintRecorder final : public QObject {
+public:
+    struct Paints {
+        int count = 0;
+        QString text;
+        QColor back;
+        QColor fore;
+    };
+
+    explicit PaintRecorder(const QList<QLineEdit*>& boxes) {
+        for (QLineEdit* box : boxes) {
+            box->installEventFilter(this);
+        }
+    }
+    const Paints& Of(QLineEdit* box) { return paints_[box]; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Paint) {
+            auto* box = static_cast<QLineEdit*>(watched);
+            Paints& paints = paints_[box];
+            ++paints.count;
+            paints.text = box->text();
+            paints.back = box->palette().color(QPalette::Base);
+            paints.fore = box->palette().color(QPalette::Text);
+        }
+        return false;
+    }
+
+private:
+    QHash<QLineEdit*, Paints> paints_;
+};
+
 class Form2Test : public QObject {
     Q_OBJECT
 
@@ -124,6 +158,31 @@ private slots:
         QCOMPARE(Back(C().txtLong), kWhite);
         QCOMPARE(C().txtMon[2]->text().trimmed(), QString("110"));
         QCOMPARE(C().txtMon[1]->text().trimmed(), QString());
+    }
+
+    // With a clock that stands still, a press paints once when it begins and once when it
+    // ends, whatever it writes in between; the last paint of every box shows its final state.
+    void pressPaintsAtMostOncePerFrameAndEndsOnItsFinalState() {
+        TypeRows(kFeetStock, kFeetCuts);
+        C().Option2->setChecked(true);
+        C().Check1->setChecked(true);
+        QVERIFY(QTest::qWaitForWindowExposed(form_.get()));
+        const auto now = std::chrono::steady_clock::now();
+        form_->Surface().SetFrameClock([now] { return now; });
+        PaintRecorder recorder(form_->findChildren<QLineEdit*>());
+        C().cmdFind->click();
+        QCOMPARE(C().txtLong->text(), QString(" Found a Better Solution !."));
+        for (QLineEdit* box : form_->findChildren<QLineEdit*>()) {
+            const PaintRecorder::Paints& paints = recorder.Of(box);
+            QVERIFY2(paints.count <= 2, qPrintable(box->text()));
+            if (paints.count > 0) {
+                QCOMPARE(paints.text, box->text());
+                QCOMPARE(paints.back, Back(box));
+                QCOMPARE(paints.fore, Fore(box));
+            }
+        }
+        QCOMPARE(recorder.Of(C().txtLong).count, 2);
+        QVERIFY(recorder.Of(C().Text5[1]).count >= 1);
     }
 
     void badEntryTurnsItsRowRedAndAMissingPriceSwitchesToMethodB() {

@@ -310,7 +310,9 @@ void Form2::Load() {
 // last.sol, and what is known of it, as they were.
 void Form2::cmdFind_Click() {
     const bool advanced = c_.Check1->isChecked();
+    surface_->BeginPress();
     brennik::cmdFind_Click(*m_, *platform_);
+    surface_->EndPress();
     const Module1& m = *m_;
     if (m.EntryError || m.LengthError) {
         return;

@@ -29,7 +29,33 @@ QLineEdit* Row(const std::array<QLineEdit*, N>& boxes, int row) {
     return boxes[static_cast<std::size_t>(row)];
 }
 
+void ShowText(QLineEdit* edit, const QString& text) {
+    edit->setText(text);
+    edit->setCursorPosition(0);
+}
+
 }  // namespace
+
+// A held text goes to a text box or a button's caption; held colours to the box's palette.
+void QtSurface::ShowLook(QWidget* widget, const HeldLook& look) {
+    if (look.text) {
+        if (auto* edit = qobject_cast<QLineEdit*>(widget)) {
+            ShowText(edit, *look.text);
+        } else {
+            static_cast<QPushButton*>(widget)->setText(*look.text);
+        }
+    }
+    if (look.back || look.fore) {
+        QPalette palette = widget->palette();
+        if (look.back) {
+            palette.setColor(QPalette::Base, *look.back);
+        }
+        if (look.fore) {
+            palette.setColor(QPalette::Text, *look.fore);
+        }
+        widget->setPalette(palette);
+    }
+}
 
 QtSurface::QtSurface(const Form2Controls& controls, QWidget* window)
     : c_(controls), window_(window) {}
@@ -105,28 +131,45 @@ QWidget* QtSurface::Widget(Control control) const {
     }
 }
 
+QtSurface::HeldLook* QtSurface::Held(QWidget* widget) {
+    return pressing_ ? &held_[widget] : nullptr;
+}
+
 std::string QtSurface::Text(Control box) const {
-    return Box(box)->text().toStdString();
+    QLineEdit* edit = Box(box);
+    const auto held = held_.constFind(edit);
+    if (held != held_.cend() && held->text) {
+        return held->text->toStdString();
+    }
+    return edit->text().toStdString();
 }
 
 void QtSurface::SetText(Control box, std::string_view text) {
     QLineEdit* edit = Box(box);
-    edit->setText(FromText(text));
-    edit->setCursorPosition(0);
+    if (HeldLook* held = Held(edit)) {
+        held->text = FromText(text);
+    } else {
+        ShowText(edit, FromText(text));
+    }
+}
+
+void QtSurface::SetColour(Control box, QPalette::ColorRole role, Rgb colour) {
+    QLineEdit* edit = Box(box);
+    if (HeldLook* held = Held(edit)) {
+        (role == QPalette::Base ? held->back : held->fore) = ToColour(colour);
+    } else {
+        ShowLook(edit, {std::nullopt,
+                        role == QPalette::Base ? std::optional(ToColour(colour)) : std::nullopt,
+                        role == QPalette::Text ? std::optional(ToColour(colour)) : std::nullopt});
+    }
 }
 
 void QtSurface::SetBackColor(Control box, Rgb colour) {
-    QLineEdit* edit = Box(box);
-    QPalette palette = edit->palette();
-    palette.setColor(QPalette::Base, ToColour(colour));
-    edit->setPalette(palette);
+    SetColour(box, QPalette::Base, colour);
 }
 
 void QtSurface::SetForeColor(Control box, Rgb colour) {
-    QLineEdit* edit = Box(box);
-    QPalette palette = edit->palette();
-    palette.setColor(QPalette::Text, ToColour(colour));
-    edit->setPalette(palette);
+    SetColour(box, QPalette::Text, colour);
 }
 
 void QtSurface::SetFocus(Control box) {
@@ -134,7 +177,37 @@ void QtSurface::SetFocus(Control box) {
 }
 
 void QtSurface::Refresh(Control control) {
-    Widget(control)->repaint();
+    if (!pressing_) {
+        Widget(control)->repaint();
+    } else if (frameClock_() - lastFrame_ >= FrameInterval) {
+        PaintFrame();
+    }
+}
+
+void QtSurface::BeginPress() {
+    pressing_ = true;
+    lastFrame_ = {};  // the first Refresh shows at once that the press has begun
+}
+
+void QtSurface::EndPress() {
+    PaintFrame();
+    pressing_ = false;
+}
+
+// The widgets take what was held and ask for their repaints; the window's repaint request then
+// paints all that is pending, as the event loop's next round would, without delivering any
+// other event.
+void QtSurface::PaintFrame() {
+    for (auto look = held_.cbegin(); look != held_.cend(); ++look) {
+        ShowLook(look.key(), look.value());
+    }
+    held_.clear();
+    if (heldProgress_) {
+        c_.ProgressBar1->setValue(*std::exchange(heldProgress_, std::nullopt));
+    }
+    QEvent request(QEvent::UpdateRequest);
+    QCoreApplication::sendEvent(window_, &request);
+    lastFrame_ = frameClock_();
 }
 
 bool QtSurface::Value(Control choice) const {
@@ -166,7 +239,11 @@ void QtSurface::SetCaption(Control button, std::string_view caption) {
     if (push == nullptr) {
         throw std::invalid_argument("not a button: " + ControlName(button));
     }
-    push->setText(FromText(caption));
+    if (HeldLook* held = Held(push)) {
+        held->text = FromText(caption);
+    } else {
+        push->setText(FromText(caption));
+    }
 }
 
 void QtSurface::SetX1(Control line, int twips) {
@@ -181,7 +258,12 @@ void QtSurface::SetProgress(Control bar, float percent) {
     if (bar.name != Ctl::ProgressBar1) {
         throw std::invalid_argument("not a progress bar: " + ControlName(bar));
     }
-    c_.ProgressBar1->setValue(static_cast<int>(percent * 100.0f + 0.5f));
+    const int value = static_cast<int>(percent * 100.0f + 0.5f);
+    if (pressing_) {
+        heldProgress_ = value;
+    } else {
+        c_.ProgressBar1->setValue(value);
+    }
 }
 
 std::optional<std::string> QtSurface::InputBox(std::string_view prompt, std::string_view title,

@@ -1,10 +1,15 @@
-// The screen surface on the real widgets of Form2. Refresh repaints a control at once, so a
-// press shows its progress though it never returns to the event loop; the modal questions
-// use Qt's dialogs, and the viewer is the desktop's application for text files.
+// The screen surface on the real widgets of Form2. Refresh repaints at once, so a press shows
+// its progress though it never returns to the event loop; while a press runs, the surface holds
+// what is written and paints it at most once per frame of the screen, so that the press does
+// not spend itself on repaints no eye could see. The modal questions use Qt's dialogs; the
+// viewer is the form's to choose.
 #pragma once
 
+#include <QColor>
+#include <QHash>
 #include <QString>
 #include <QWidget>
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <utility>
@@ -45,6 +50,18 @@ public:
 
     QWidget* Widget(Control control) const;
 
+    // From the start to the end of a press, texts, colours, captions and the progress go to the
+    // widgets and are painted once a frame has passed since the last paint, at a Refresh; the
+    // end gives every widget its final state and paints it.
+    void BeginPress();
+    void EndPress();
+
+    // The time between two frames, and the clock that measures it (steady time unless a test
+    // sets its own).
+    static constexpr std::chrono::milliseconds FrameInterval{16};
+    using FrameClock = std::function<std::chrono::steady_clock::time_point()>;
+    void SetFrameClock(FrameClock clock) { frameClock_ = std::move(clock); }
+
     // For tests: the answer that the next file dialog or input box gives without showing up.
     void SetNextFileName(QString path) { nextFileName_ = std::move(path); }
     void SetNextInput(std::optional<QString> answer) { nextInput_.emplace(std::move(answer)); }
@@ -53,7 +70,19 @@ public:
     static QString QtFilter(std::string_view filter);
 
 private:
+    // What a press wrote to a box or button that its widget does not show yet.
+    struct HeldLook {
+        std::optional<QString> text;
+        std::optional<QColor> back;
+        std::optional<QColor> fore;
+    };
+
     QLineEdit* Box(Control box) const;
+    static void ShowLook(QWidget* widget, const HeldLook& look);
+    // Where a write to `widget` is held; none outside a press.
+    HeldLook* Held(QWidget* widget);
+    void SetColour(Control box, QPalette::ColorRole role, Rgb colour);
+    void PaintFrame();
     ProgressLine* Line(Control line) const;
     std::string FileDialog(bool save, std::string_view title, std::string_view filter,
                            const std::string& folder);
@@ -64,6 +93,11 @@ private:
     std::optional<QString> nextFileName_;
     std::optional<std::optional<QString>> nextInput_;
     std::function<void(const std::string&)> viewer_;
+    FrameClock frameClock_ = [] { return std::chrono::steady_clock::now(); };
+    std::chrono::steady_clock::time_point lastFrame_{};
+    bool pressing_ = false;
+    QHash<QWidget*, HeldLook> held_;
+    std::optional<int> heldProgress_;
 };
 
 }  // namespace brennik
