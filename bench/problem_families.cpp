@@ -202,6 +202,36 @@ std::vector<Family> MakeFamilies(int perFamily, uint32_t seed, Shape shape) {
         }
         return f;
     }());
+    // The longest bars, 55555 to 99999.9 (seven characters, as the boxes take), with 40 lengths
+    // side by side within 0.4 of one value and quantities that fill hundreds of bars: nearly every
+    // sum can be cut exactly, but the counts that do it are deep in a walk that takes the longest
+    // lengths first.
+    families.push_back([&] {
+        Family f{"crowded on long bars", false, {}, true};
+        for (int k = 0; k < perFamily; ++k) {
+            const int64_t centre = g.Between(100, 300) * 100;
+            f.problems.push_back(g.Make([&] { return g.Between(555550, 999999) * 10; },
+                                        [&] { return centre + g.Between(-20, 19); }, 99999));
+        }
+        return f;
+    }());
+    // The same bars with lengths in arithmetic progression: 40 lengths a, a + d, ... a + 39 d.
+    families.push_back([&] {
+        Family f{"arithmetic progressions", false, {}, true};
+        for (int k = 0; k < perFamily; ++k) {
+            const int64_t first = g.Between(1000, 25000);
+            const int64_t step = g.Between(1, 40);
+            f.problems.push_back(g.Make([&] { return g.Between(555550, 999999) * 10; },
+                                        [&] { return first + g.Between(0, 39) * step; }, 99999));
+        }
+        return f;
+    }());
+    // The same bars with quantities that bound how many of a length go in one: a bar holds
+    // hundreds of pieces, a length is wanted a few dozen times.
+    families.push_back(family(
+        "bounded on long bars", false, [&] { return g.Between(555550, 999999) * 10; },
+        [&] { return g.Between(5000, 40000); }, 60));
+    families.back().worstCase = true;
     // One to three bar lengths and pieces of 10 % to 60 % of the longest: a few pieces a bar,
     // where cutting bar after bar leaves the most behind.
     families.push_back([&] {

@@ -18,6 +18,9 @@ struct Family {
     std::string name;
     bool realistic;  // held to the tightest time target
     std::vector<ProblemText> problems;
+    // At the edge of what is admissible, at its own quantities: a check that walks every
+    // count of every search can never finish one.
+    bool worstCase = false;
 };
 
 // How many rows a generated problem fills: the benchmark's are full; the tests take smaller

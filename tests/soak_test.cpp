@@ -359,6 +359,9 @@ TEST(Soak, RandomProblemsKeepEveryInvariant) {
             if (done == problems || failing == kMostFailingProblems) {
                 break;
             }
+            if (family.worstCase && shape.maxQuantity == 0) {
+                continue;
+            }
             const SoakCase soak{family.name, family.problems.front(), coin(random), coin(random),
                                 coin(random)};
             SCOPED_TRACE("problem " + std::to_string(done) + " of seed " + std::to_string(seed) +
