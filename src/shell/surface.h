@@ -74,7 +74,8 @@ public:
     virtual void SetForeColor(Control box, Rgb colour) = 0;
     virtual void SetFocus(Control box) = 0;
 
-    // Repaints one control at once, also while a press keeps the event loop from running.
+    // Puts one control on the screen as the surface holds it, also while a press keeps the event
+    // loop from running; a screen may gather a press's repaints into one a frame.
     virtual void Refresh(Control control) = 0;
 
     // Option buttons (selecting one clears the other of the pair) and check boxes.

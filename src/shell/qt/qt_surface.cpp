@@ -29,18 +29,14 @@ QLineEdit* Row(const std::array<QLineEdit*, N>& boxes, int row) {
     return boxes[static_cast<std::size_t>(row)];
 }
 
-void ShowText(QLineEdit* edit, const QString& text) {
-    edit->setText(text);
-    edit->setCursorPosition(0);
-}
-
 }  // namespace
 
 // A held text goes to a text box or a button's caption; held colours to the box's palette.
 void QtSurface::ShowLook(QWidget* widget, const HeldLook& look) {
     if (look.text) {
         if (auto* edit = qobject_cast<QLineEdit*>(widget)) {
-            ShowText(edit, *look.text);
+            edit->setText(*look.text);
+            edit->setCursorPosition(0);
         } else {
             static_cast<QPushButton*>(widget)->setText(*look.text);
         }
@@ -131,8 +127,14 @@ QWidget* QtSurface::Widget(Control control) const {
     }
 }
 
-QtSurface::HeldLook* QtSurface::Held(QWidget* widget) {
-    return pressing_ ? &held_[widget] : nullptr;
+void QtSurface::Write(QWidget* widget, const std::function<void(HeldLook&)>& change) {
+    if (pressing_) {
+        change(held_[widget]);
+        return;
+    }
+    HeldLook look;
+    change(look);
+    ShowLook(widget, look);
 }
 
 std::string QtSurface::Text(Control box) const {
@@ -145,31 +147,15 @@ std::string QtSurface::Text(Control box) const {
 }
 
 void QtSurface::SetText(Control box, std::string_view text) {
-    QLineEdit* edit = Box(box);
-    if (HeldLook* held = Held(edit)) {
-        held->text = FromText(text);
-    } else {
-        ShowText(edit, FromText(text));
-    }
-}
-
-void QtSurface::SetColour(Control box, QPalette::ColorRole role, Rgb colour) {
-    QLineEdit* edit = Box(box);
-    if (HeldLook* held = Held(edit)) {
-        (role == QPalette::Base ? held->back : held->fore) = ToColour(colour);
-    } else {
-        ShowLook(edit, {std::nullopt,
-                        role == QPalette::Base ? std::optional(ToColour(colour)) : std::nullopt,
-                        role == QPalette::Text ? std::optional(ToColour(colour)) : std::nullopt});
-    }
+    Write(Box(box), [&](HeldLook& look) { look.text = FromText(text); });
 }
 
 void QtSurface::SetBackColor(Control box, Rgb colour) {
-    SetColour(box, QPalette::Base, colour);
+    Write(Box(box), [&](HeldLook& look) { look.back = ToColour(colour); });
 }
 
 void QtSurface::SetForeColor(Control box, Rgb colour) {
-    SetColour(box, QPalette::Text, colour);
+    Write(Box(box), [&](HeldLook& look) { look.fore = ToColour(colour); });
 }
 
 void QtSurface::SetFocus(Control box) {
@@ -239,11 +225,7 @@ void QtSurface::SetCaption(Control button, std::string_view caption) {
     if (push == nullptr) {
         throw std::invalid_argument("not a button: " + ControlName(button));
     }
-    if (HeldLook* held = Held(push)) {
-        held->text = FromText(caption);
-    } else {
-        push->setText(FromText(caption));
-    }
+    Write(push, [&](HeldLook& look) { look.text = FromText(caption); });
 }
 
 void QtSurface::SetX1(Control line, int twips) {

@@ -79,9 +79,8 @@ private:
 
     QLineEdit* Box(Control box) const;
     static void ShowLook(QWidget* widget, const HeldLook& look);
-    // Where a write to `widget` is held; none outside a press.
-    HeldLook* Held(QWidget* widget);
-    void SetColour(Control box, QPalette::ColorRole role, Rgb colour);
+    // Makes `change` to what `widget` shows: held while a press runs, shown at once otherwise.
+    void Write(QWidget* widget, const std::function<void(HeldLook&)>& change);
     void PaintFrame();
     ProgressLine* Line(Control line) const;
     std::string FileDialog(bool save, std::string_view title, std::string_view filter,
