@@ -14,7 +14,7 @@ using Cuts = std::vector<std::pair<float, int32_t>>;
 using Pieces = std::vector<int32_t>;
 using Found = std::tuple<Pieces, int32_t, float, float>;  // pieces, bars, waste, rate
 
-// A block holding the cutting list (longest first, as ordered) and the Method.
+// A block holding the cutting list and the Method.
 Module1 ListOf(const Cuts& cuts, bool methodA) {
     Module1 m;
     m.CutCount = static_cast<int16_t>(cuts.size());
@@ -83,8 +83,11 @@ void CheckAgainstTheCompleteEnumeration() {
     };
     int callsChecked = 0;
     for (int problem = 0; problem < 2000;) {
-        // Lengths in hundredths with a chosen grain, so that exact and near fills both occur.
+        // Lengths in hundredths with a chosen grain, so that exact and near fills both occur;
+        // half of the lists are offset from the grain, so that every sum of a number of pieces
+        // falls in one residue of it, as with lengths in arithmetic progression.
         const int grain = std::vector<int>{1, 5, 10, 25, 50, 100}[uniform(0, 5)];
+        const int offset = uniform(0, 1) == 1 ? uniform(0, grain - 1) : 0;
         float bars[3];
         for (float& bar : bars) {
             bar = static_cast<float>(uniform(200, 1500) / grain * grain) / 100.0f;
@@ -92,7 +95,7 @@ void CheckAgainstTheCompleteEnumeration() {
         Cuts list;
         double combinations = 1;
         for (int i = uniform(1, 8); i > 0; --i) {
-            const int hundredths = std::max(grain, uniform(40, 1200) / grain * grain);
+            const int hundredths = std::max(grain, uniform(40, 1200) / grain * grain) + offset;
             list.emplace_back(static_cast<float>(hundredths) / 100.0f, uniform(1, 12));
             combinations *= std::min<double>(list.back().second, 1500.0 / hundredths) + 1;
         }
@@ -100,7 +103,10 @@ void CheckAgainstTheCompleteEnumeration() {
             continue;
         }
         ++problem;
-        std::sort(list.begin(), list.end(), [](auto& a, auto& b) { return a.first > b.first; });
+        // The program orders the lengths longest first; the search takes any order.
+        if (uniform(0, 3) > 0) {
+            std::sort(list.begin(), list.end(), [](auto& a, auto& b) { return a.first > b.first; });
+        }
         Module1 m = ListOf(list, uniform(0, 1) == 1);
         // Take random pieces away until none are left, checking every state on the way. Now and
         // then some come back, as when the next pass of a search starts from the whole list.

@@ -61,12 +61,22 @@ public:
         shortest_[count_] = bar + 1;
         longest_[count_] = 0;
         pieces_[count_] = 0;
+        difference_[count_] = 0;
+        longestFirst_ = true;
         for (int d = count_ - 1; d >= 0; --d) {
             capacity_[d] = capacity_[d + 1] + max_[d] * length_[d];
             divisor_[d] = std::gcd(divisor_[d + 1], length_[d]);
             shortest_[d] = std::min(shortest_[d + 1], length_[d]);
             longest_[d] = std::max(longest_[d + 1], length_[d]);
             pieces_[d] = pieces_[d + 1] + max_[d];
+            const int64_t next = d + 1 < count_ ? length_[d + 1] : length_[d];
+            difference_[d] = std::gcd(difference_[d + 1], length_[d] - next);
+            longestFirst_ = longestFirst_ && length_[d] >= next;
+            // The residue of a sum of m pieces steps by this much with each piece, and comes
+            // round again after `period_` pieces.
+            step_[d] = difference_[d] > 0 ? length_[d] % difference_[d] : 0;
+            period_[d] =
+                difference_[d] > 0 ? difference_[d] / std::gcd(step_[d], difference_[d]) : 1;
         }
         bestWaste_ = bar;
         floor_ = divisor_[0] > 0 ? bar % divisor_[0] : bar;
@@ -117,17 +127,68 @@ private:
         return std::min(cap, std::max(MinWalkBudget, tableWork));
     }
 
-    // A lower bound on the waste of `rest` filled by lengths depth, depth+1, ...: no more pieces
-    // fit than the shortest length allows, none is longer than the longest, and every sum is a
-    // multiple of the lengths' common divisor. Lengths close together make the first two tight.
-    int64_t LeastWasteBelow(int depth, int64_t rest) const {
-        if (rest < shortest_[depth]) {
-            return rest;  // no deeper piece fits
+    // Whether lengths depth, depth+1, ... may fill `rest` leaving less than `target` over.
+    // m pieces leave at least `rest` less the sum of the m longest pieces, and as every length
+    // is the same modulo the lengths' common difference, their sum is fixed modulo it by m
+    // alone. Only counts up to the most pieces that fit are possible, and below the first count
+    // whose longest sum leaves `target` or more none is worth trying; past one period of
+    // residues, none brings a residue not already tried.
+    bool CanLeaveLess(int depth, int64_t rest, int64_t target) const {
+        if (rest < target) {
+            return true;  // no piece at all
         }
-        const int64_t most = std::min(rest / shortest_[depth], pieces_[depth]);
-        const int64_t unfilled = rest - std::min(most * longest_[depth], capacity_[depth]);
-        const int64_t residue = divisor_[depth] > 0 ? rest % divisor_[depth] : rest;
-        return std::max(unfilled, residue);
+        if (rest < shortest_[depth] || rest % divisor_[depth] >= target) {
+            return false;
+        }
+        const int64_t difference = difference_[depth];
+        int64_t pieces = MostPieces(depth, rest);
+        for (int64_t tried = 0; pieces >= 1 && tried < period_[depth]; ++tried, --pieces) {
+            if (rest - LongestSum(depth, pieces) >= target) {
+                return false;
+            }
+            const int64_t left = rest - pieces * step_[depth];
+            const int64_t residue =
+                difference > 0 ? (left % difference + difference) % difference : 0;
+            if (residue < target) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    // The most pieces of lengths depth, depth+1, ... that fit in `rest`, shortest first. With
+    // the lengths in any other order, as many as the shortest length allows.
+    int64_t MostPieces(int depth, int64_t rest) const {
+        if (!longestFirst_) {
+            return std::min(rest / shortest_[depth], pieces_[depth]);
+        }
+        // Lengths from `whole` on fit with all their pieces; of the one before, as many as fit.
+        const int whole = static_cast<int>(
+            std::partition_point(capacity_.begin() + depth, capacity_.begin() + count_,
+                                 [&](int64_t sum) { return sum > rest; }) -
+            capacity_.begin());
+        const int64_t more =
+            whole > depth
+                ? std::min(max_[whole - 1], (rest - capacity_[whole]) / length_[whole - 1])
+                : 0;
+        return pieces_[whole] + more;
+    }
+
+    // The largest sum of `count` pieces of lengths depth, depth+1, ... (count up to the most
+    // they hold), longest first. With the lengths in any other order, count times the longest.
+    int64_t LongestSum(int depth, int64_t count) const {
+        if (!longestFirst_) {
+            return std::min(count * longest_[depth], capacity_[depth]);
+        }
+        // Lengths before `part` give all their pieces, and `part` the rest of the count.
+        const int part =
+            static_cast<int>(
+                std::partition_point(pieces_.begin() + depth, pieces_.begin() + count_,
+                                     [&](int64_t left) { return pieces_[depth] - left < count; }) -
+                pieces_.begin()) -
+            1;
+        const int64_t before = pieces_[depth] - pieces_[part];
+        return capacity_[depth] - capacity_[part] + (count - before) * length_[part];
     }
 
     // The least waste is that of the largest sum of pieces not above the bar, with at least one
@@ -140,7 +201,7 @@ private:
         for (int64_t c = std::min(max_[0], bar / length_[0]); c >= 1 && bar - bestSum > floor_;
              --c) {
             const int64_t rest = bar - c * length_[0];
-            if (LeastWasteBelow(1, rest) >= bar - bestSum) {
+            if (!CanLeaveLess(1, rest, bar - bestSum)) {
                 continue;  // the table need not be read where the bound rules it out
             }
             // Only a sum above the best one found so far is looked for.
@@ -184,7 +245,7 @@ private:
             if (left - capacity_[depth + 1] >= bestWaste_) {
                 break;  // fewer pieces here only leave more to fill below
             }
-            if (LeastWasteBelow(depth + 1, left) >= bestWaste_) {
+            if (!CanLeaveLess(depth + 1, left, bestWaste_)) {
                 continue;
             }
             current_[depth] = c;
@@ -202,7 +263,11 @@ private:
     std::array<int64_t, MaxCutLengths + 1> divisor_;
     std::array<int64_t, MaxCutLengths + 1> shortest_;
     std::array<int64_t, MaxCutLengths + 1> longest_;
-    std::array<int64_t, MaxCutLengths + 1> pieces_;  // the most pieces of all lengths together
+    std::array<int64_t, MaxCutLengths + 1> pieces_;      // the most pieces of all lengths together
+    std::array<int64_t, MaxCutLengths + 1> difference_;  // the gcd of the lengths' differences
+    std::array<int64_t, MaxCutLengths + 1> step_;
+    std::array<int64_t, MaxCutLengths + 1> period_;
+    bool longestFirst_ = true;  // lengths never grow with depth, as the program orders them
     std::array<int64_t, MaxCutLengths> current_;
     std::array<int64_t, MaxCutLengths> best_;
     int64_t bestWaste_ = 0;
