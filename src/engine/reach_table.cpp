@@ -121,8 +121,12 @@ void ReachTable::BuildResidues() {
     // count of the modulus length; each row above adds its length.
     int32_t* row = least_.data() + static_cast<std::size_t>(modulusRow_ - 1) * width;
     const uint64_t* below = Row(modulusRow_ + 1);
+    // The last word may hold bits past bitsBar_: a row adds a length any number of times where
+    // that makes the same sums up to bitsBar_, and the pieces beyond its limit land there.
+    const uint64_t lastWord = ~uint64_t{0} >> (63 - bitsBar_ % 64);
     for (std::size_t word = 0; word < words_; ++word) {
-        for (uint64_t bits = below[word]; bits != 0; bits &= bits - 1) {
+        for (uint64_t bits = below[word] & (word + 1 < words_ ? ~uint64_t{0} : lastWord); bits != 0;
+             bits &= bits - 1) {
             const auto sum = static_cast<int64_t>(word * 64) + std::countr_zero(bits);
             int32_t& least = row[static_cast<std::size_t>(sum % modulus_)];
             least = std::min(least, static_cast<int32_t>(sum));
