@@ -5,6 +5,7 @@
 #include <atomic>
 #include <cmath>
 #include <numeric>
+#include <utility>
 #include <vector>
 
 #include "engine/pattern_memo.h"
@@ -26,6 +27,19 @@ float Scale100(float x) {
 }
 
 namespace {
+
+// The x in 0..modulus-1 with value times x equal to 1 modulo `modulus`, for value and modulus
+// without a common divisor; 0 for a modulus of 1.
+int64_t InverseModulo(int64_t value, int64_t modulus) {
+    // Extended Euclid: each remainder r stays equal to its coefficient times value.
+    int64_t r0 = modulus, r1 = value % modulus, x0 = 0, x1 = 1;
+    while (r1 != 0) {
+        const int64_t q = r0 / r1;
+        r0 = std::exchange(r1, r0 - q * r1);
+        x0 = std::exchange(x1, x0 - q * x1);
+    }
+    return modulus == 1 ? 0 : (x0 % modulus + modulus) % modulus;
+}
 
 // Bars up to this many hundredths (every admissible bar) may be solved by the table of
 // reachable sums, whose memory grows with the bar: a bit per hundredth for each length.
@@ -77,6 +91,8 @@ public:
             step_[d] = difference_[d] > 0 ? length_[d] % difference_[d] : 0;
             period_[d] =
                 difference_[d] > 0 ? difference_[d] / std::gcd(step_[d], difference_[d]) : 1;
+            // The count of pieces that brings the residue 1 on, in the steps of the divisor.
+            stepInverse_[d] = InverseModulo(step_[d] / divisor_[d], period_[d]);
         }
         bestWaste_ = bar;
         floor_ = divisor_[0] > 0 ? bar % divisor_[0] : bar;
@@ -128,11 +144,10 @@ private:
     }
 
     // Whether lengths depth, depth+1, ... may fill `rest` leaving less than `target` over.
-    // m pieces leave at least `rest` less the sum of the m longest pieces, and as every length
-    // is the same modulo the lengths' common difference, their sum is fixed modulo it by m
-    // alone. Only counts up to the most pieces that fit are possible, and below the first count
-    // whose longest sum leaves `target` or more none is worth trying; past one period of
-    // residues, none brings a residue not already tried.
+    // Only counts of pieces that fit, and whose longest sum leaves less than `target`, may. As
+    // every length is the same modulo the lengths' common difference, the sum of a count of
+    // pieces is fixed modulo it by the count alone; over a whole period of counts the residues
+    // take every value the lengths' common divisor allows, of which the least is tried above.
     bool CanLeaveLess(int depth, int64_t rest, int64_t target) const {
         if (rest < target) {
             return true;  // no piece at all
@@ -140,18 +155,43 @@ private:
         if (rest < shortest_[depth] || rest % divisor_[depth] >= target) {
             return false;
         }
+        const int64_t most = MostPieces(depth, rest);
+        const int64_t fewest = FewestPieces(depth, rest - target);
+        if (fewest > most) {
+            return false;
+        }
         const int64_t difference = difference_[depth];
-        int64_t pieces = MostPieces(depth, rest);
-        for (int64_t tried = 0; pieces >= 1 && tried < period_[depth]; ++tried, --pieces) {
-            if (rest - LongestSum(depth, pieces) >= target) {
-                return false;
+        const int64_t period = period_[depth];
+        if (difference == 0 || most - fewest + 1 >= period) {
+            return true;
+        }
+        const int64_t divisor = divisor_[depth];
+        if (target / divisor < most - fewest) {
+            // Fewer residues below the target than counts to try. The counts that leave a
+            // residue are one class modulo the period, which has a count in range when its
+            // highest one up to `most` lies no more than most - fewest below it. Each next
+            // residue moves the class on by the inverse of the step.
+            const int64_t inverse = stepInverse_[depth];
+            int64_t below = (most - rest / divisor % period * inverse) % period;
+            below += below < 0 ? period : 0;
+            for (int64_t residue = rest % divisor; residue < target; residue += divisor) {
+                if (below <= most - fewest) {
+                    return true;
+                }
+                below += inverse;
+                below -= below >= period ? period : 0;
             }
-            const int64_t left = rest - pieces * step_[depth];
-            const int64_t residue =
-                difference > 0 ? (left % difference + difference) % difference : 0;
+            return false;
+        }
+        // The residue left by `most` pieces, and by one piece fewer at each step.
+        int64_t residue = (rest - most * step_[depth]) % difference;
+        residue += residue < 0 ? difference : 0;
+        for (int64_t pieces = most; pieces >= fewest; --pieces) {
             if (residue < target) {
                 return true;
             }
+            residue += step_[depth];
+            residue -= residue >= difference ? difference : 0;
         }
         return false;
     }
@@ -174,21 +214,26 @@ private:
         return pieces_[whole] + more;
     }
 
-    // The largest sum of `count` pieces of lengths depth, depth+1, ... (count up to the most
-    // they hold), longest first. With the lengths in any other order, count times the longest.
-    int64_t LongestSum(int depth, int64_t count) const {
-        if (!longestFirst_) {
-            return std::min(count * longest_[depth], capacity_[depth]);
+    // The fewest pieces of lengths depth, depth+1, ... whose sum may exceed `sum`, longest
+    // first; more than they hold when all of them together do not. With the lengths in any
+    // other order, as few as the longest length allows.
+    int64_t FewestPieces(int depth, int64_t sum) const {
+        if (capacity_[depth] <= sum) {
+            return pieces_[depth] + 1;
         }
-        // Lengths before `part` give all their pieces, and `part` the rest of the count.
+        if (!longestFirst_) {
+            return sum / longest_[depth] + 1;
+        }
+        // Lengths before `part` give all their pieces and no more than `sum`; of `part`, as many
+        // as it takes to pass it.
         const int part =
-            static_cast<int>(
-                std::partition_point(pieces_.begin() + depth, pieces_.begin() + count_,
-                                     [&](int64_t left) { return pieces_[depth] - left < count; }) -
-                pieces_.begin()) -
+            static_cast<int>(std::partition_point(
+                                 capacity_.begin() + depth, capacity_.begin() + count_,
+                                 [&](int64_t below) { return capacity_[depth] - below <= sum; }) -
+                             capacity_.begin()) -
             1;
-        const int64_t before = pieces_[depth] - pieces_[part];
-        return capacity_[depth] - capacity_[part] + (count - before) * length_[part];
+        const int64_t given = capacity_[depth] - capacity_[part];
+        return pieces_[depth] - pieces_[part] + (sum - given) / length_[part] + 1;
     }
 
     // The least waste is that of the largest sum of pieces not above the bar, with at least one
@@ -267,6 +312,7 @@ private:
     std::array<int64_t, MaxCutLengths + 1> difference_;  // the gcd of the lengths' differences
     std::array<int64_t, MaxCutLengths + 1> step_;
     std::array<int64_t, MaxCutLengths + 1> period_;
+    std::array<int64_t, MaxCutLengths + 1> stepInverse_;
     bool longestFirst_ = true;  // lengths never grow with depth, as the program orders them
     std::array<int64_t, MaxCutLengths> current_;
     std::array<int64_t, MaxCutLengths> best_;
