@@ -1,6 +1,7 @@
 #include "problem_families.h"
 
 #include <algorithm>
+#include <array>
 #include <functional>
 #include <random>
 #include <set>
@@ -223,6 +224,21 @@ std::vector<Family> MakeFamilies(int perFamily, uint32_t seed, Shape shape) {
             const int64_t step = g.Between(1, 40);
             f.problems.push_back(g.Make([&] { return g.Between(555550, 999999) * 10; },
                                         [&] { return first + g.Between(0, 39) * step; }, 99999));
+        }
+        return f;
+    }());
+    // The same bars with lengths gathered round two or three values far apart: a bar mixes the
+    // groups, and which count of each group fills it is deep in the walk, while the table of
+    // reachable sums is as wide as one of the shortest lengths.
+    families.push_back([&] {
+        Family f{"clusters on long bars", false, {}, true};
+        for (int k = 0; k < perFamily; ++k) {
+            const int64_t groups = g.Between(2, 3);
+            const std::array<int64_t, 3> centres{
+                g.Between(300, 800) * 100, g.Between(300, 800) * 100, g.Between(80, 400) * 100};
+            f.problems.push_back(g.Make(
+                [&] { return g.Between(555550, 999999) * 10; },
+                [&] { return centres[g.Between(0, groups - 1)] + g.Between(-30, 30); }, 99999));
         }
         return f;
     }());
