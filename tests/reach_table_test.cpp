@@ -78,6 +78,39 @@ TEST(ReachTable, EveryRowHoldsExactlyTheSumsOfItsLengths) {
     }
 }
 
+// A table built again for lengths that share their last rows with the last build, as the
+// searches of a press do: the first lengths used up, a limit lowered, another bar.
+TEST(ReachTable, RowsKeptFromTheLastBuildAreThoseOfTheNewLengths) {
+    std::mt19937 random(29);
+    ReachTable table;
+    for (int trial = 0; trial < 40; ++trial) {
+        SCOPED_TRACE("trial " + std::to_string(trial));
+        int64_t bar = 1300 + static_cast<int64_t>(random() % 400);
+        const int count = 4 + static_cast<int>(random() % 8);
+        std::vector<int64_t> lengths(count), wanted(count);
+        for (int d = 0; d < count; ++d) {
+            lengths[d] = d + 1 == count ? 2 + random() % 18 : 7 + random() % 300;
+            wanted[d] = d + 1 == count || random() % 2 == 0 ? 9999 : 1 + random() % 6;
+        }
+        for (int change = 0; change < 4 && lengths.size() > 2; ++change) {
+            std::vector<int64_t> most(lengths.size());
+            for (std::size_t d = 0; d < lengths.size(); ++d) {
+                most[d] = std::min(wanted[d], bar / lengths[d]);
+            }
+            ExpectEveryRowExact(table, lengths, most, bar, 1);
+            if (change == 0) {
+                lengths.erase(lengths.begin());
+                wanted.erase(wanted.begin());
+            } else if (change == 1) {
+                const std::size_t d = random() % (lengths.size() - 1);
+                wanted[d] = std::max<int64_t>(1, std::min(wanted[d], bar / lengths[d]) / 2);
+            } else {
+                bar += change == 2 ? 37 : -61;
+            }
+        }
+    }
+}
+
 // Below the modulus row, 70 goes in 3 times at most, which is as often as the 278 that its
 // row can make holds it: its row adds it any number of times, and the fourth piece, 280, lies in
 // the row's last word beyond 278. The row by residue above must not take it for a sum.

@@ -64,7 +64,18 @@ void ReachTable::Build(int count, const int64_t* lengths, const int64_t* most, i
     modulusRow_ = ModulusRow(count, lengths, most, bar);
     modulus_ = modulusRow_ > 0 ? lengths[modulusRow_] : 0;
     bitsBar_ = SumsUpTo(modulusRow_ + 1, count, lengths, most, bar);
-    BuildBits(spacing);
+    // The rows of bits stand from the last build when they were made the same way, all of
+    // them kept; so do the rows by residue above them up to the first made otherwise.
+    sources_.assign({modulus_, bitsBar_});
+    for (int d = count - 1; d > modulusRow_; --d) {
+        sources_.insert(sources_.end(), {lengths[d], most[d]});
+    }
+    const bool bitsStand = sources_ == bitsSources_ && spacing <= 1 && spacing_ == 1;
+    if (!bitsStand) {
+        BuildBits(spacing);
+        bitsSources_ = spacing_ == 1 ? sources_ : std::vector<int64_t>{};
+        residueSources_.clear();
+    }
     if (modulusRow_ > 0) {
         BuildResidues();
     }
@@ -113,46 +124,66 @@ uint64_t* ReachTable::Row(int d) {
     return Slot(keptSlots_ + static_cast<std::size_t>(top - d - 1));
 }
 
+// Row k of least_ is row modulusRow_ - k of the table: the modulus row first, then each row
+// above it, so that the rows shared with the last build stand where it left them.
 void ReachTable::BuildResidues() {
     const auto width = static_cast<std::size_t>(modulus_);
-    const auto none = static_cast<int32_t>(bar_ + 1);
-    least_.assign(static_cast<std::size_t>(modulusRow_) * width, none);
-    // The modulus row holds the sums of the rows of bits below it, and their sums with any
-    // count of the modulus length; each row above adds its length.
-    int32_t* row = least_.data() + static_cast<std::size_t>(modulusRow_ - 1) * width;
-    const uint64_t* below = Row(modulusRow_ + 1);
-    // The last word may hold bits past bitsBar_: a row adds a length any number of times where
-    // that makes the same sums up to bitsBar_, and the pieces beyond its limit land there.
-    const uint64_t lastWord = ~uint64_t{0} >> (63 - bitsBar_ % 64);
-    for (std::size_t word = 0; word < words_; ++word) {
-        for (uint64_t bits = below[word] & (word + 1 < words_ ? ~uint64_t{0} : lastWord); bits != 0;
-             bits &= bits - 1) {
-            const auto sum = static_cast<int64_t>(word * 64) + std::countr_zero(bits);
-            int32_t& least = row[static_cast<std::size_t>(sum % modulus_)];
-            least = std::min(least, static_cast<int32_t>(sum));
-        }
+    least_.resize(static_cast<std::size_t>(modulusRow_) * width);
+    // What each row adds: its length and the most pieces of it, or -1 for any number.
+    sources_.clear();
+    for (int d = modulusRow_; d >= 1; --d) {
+        const bool anyCount = most_[d] >= bar_ / lengths_[d];
+        sources_.insert(sources_.end(), {lengths_[d], anyCount ? -1 : most_[d]});
     }
-    for (int d = modulusRow_ - 1; d >= 1; --d) {
-        int32_t* above = row - width;
-        std::copy(row, row + width, above);
-        if (most_[d] >= bar_ / lengths_[d]) {
-            AddAnyCountToResidues(above, lengths_[d]);
+    std::size_t standing = 0;
+    while (2 * standing < std::min(sources_.size(), residueSources_.size()) &&
+           sources_[2 * standing] == residueSources_[2 * standing] &&
+           sources_[2 * standing + 1] == residueSources_[2 * standing + 1]) {
+        ++standing;
+    }
+    residueSources_ = sources_;
+    if (standing == 0) {
+        // The modulus row holds the sums of the rows of bits below it, and their sums with
+        // any count of the modulus length.
+        int32_t* row = least_.data();
+        std::fill(row, row + width, None);
+        const uint64_t* below = Row(modulusRow_ + 1);
+        // The last word may hold bits past bitsBar_: a row adds a length any number of times
+        // where that makes the same sums up to bitsBar_, and the pieces beyond its limit land
+        // there.
+        const uint64_t lastWord = ~uint64_t{0} >> (63 - bitsBar_ % 64);
+        for (std::size_t word = 0; word < words_; ++word) {
+            for (uint64_t bits = below[word] & (word + 1 < words_ ? ~uint64_t{0} : lastWord);
+                 bits != 0; bits &= bits - 1) {
+                const auto sum = static_cast<int64_t>(word * 64) + std::countr_zero(bits);
+                int32_t& least = row[static_cast<std::size_t>(sum % modulus_)];
+                least = std::min(least, static_cast<int32_t>(sum));
+            }
+        }
+        standing = 1;
+    }
+    // Each row above adds its length to the row below.
+    for (auto k = standing; k < static_cast<std::size_t>(modulusRow_); ++k) {
+        const int d = modulusRow_ - static_cast<int>(k);
+        int32_t* row = least_.data() + k * width;
+        std::copy(row - width, row, row);
+        if (residueSources_[2 * k + 1] < 0) {
+            AddAnyCountToResidues(row, lengths_[d]);
         } else {
             int64_t most = most_[d];
             for (int64_t chunk = 1; most > 0; chunk *= 2) {
                 const int64_t take = std::min(chunk, most);
-                AddOnceToResidues(above, take * lengths_[d]);
+                AddOnceToResidues(row, take * lengths_[d]);
                 most -= take;
             }
         }
-        row = above;
     }
 }
 
 // Adds any count of `length` to a row by residue. The residues that adding it steps through
 // form cycles; going once round each, from its least sum on, carries every sum as far as the
 // length can take it, as no sum can improve on the least one of its cycle. Sums beyond the bar
-// stay at bar + 1, which stands for none.
+// stay at None.
 void ReachTable::AddAnyCountToResidues(int32_t* row, int64_t length) const {
     const int64_t step = length % modulus_;
     if (step == 0) {
@@ -163,14 +194,13 @@ void ReachTable::AddAnyCountToResidues(int32_t* row, int64_t length) const {
     };
     const int64_t cycles = std::gcd(step, modulus_);
     const int64_t cycleLength = modulus_ / cycles;
-    const auto none = static_cast<int32_t>(bar_ + 1);
     for (int64_t start = 0; start < cycles; ++start) {
         int64_t from = start;
         for (int64_t k = 0, r = start; k < cycleLength; ++k, r = next(r)) {
             from = row[r] < row[from] ? r : from;
         }
         for (int64_t k = 0, r = from; k < cycleLength; ++k, r = next(r)) {
-            const int64_t carried = std::min<int64_t>(row[r] + length, none);
+            const int64_t carried = std::min<int64_t>(row[r] + length, None);
             row[next(r)] = static_cast<int32_t>(std::min<int64_t>(row[next(r)], carried));
         }
     }
@@ -185,16 +215,15 @@ void ReachTable::AddOnceToResidues(int32_t* row, int64_t length) {
     }
     const auto width = static_cast<std::size_t>(modulus_);
     before_.assign(row, row + width);
-    const auto none = static_cast<int64_t>(bar_) + 1;
     const auto shift = static_cast<std::size_t>(step);
     // Residues from `shift` on come from residues `shift` below; the lower ones from the top.
     for (std::size_t r = shift; r < width; ++r) {
         row[r] = static_cast<int32_t>(
-            std::min<int64_t>(row[r], std::min(before_[r - shift] + length, none)));
+            std::min<int64_t>(row[r], std::min<int64_t>(before_[r - shift] + length, None)));
     }
     for (std::size_t r = 0; r < shift; ++r) {
-        row[r] = static_cast<int32_t>(
-            std::min<int64_t>(row[r], std::min(before_[r + width - shift] + length, none)));
+        row[r] = static_cast<int32_t>(std::min<int64_t>(
+            row[r], std::min<int64_t>(before_[r + width - shift] + length, None)));
     }
 }
 
@@ -204,7 +233,7 @@ bool ReachTable::Has(int d, int64_t sum) {
     }
     if (ByResidue(d)) {
         const auto width = static_cast<std::size_t>(modulus_);
-        return least_[static_cast<std::size_t>(d - 1) * width +
+        return least_[static_cast<std::size_t>(modulusRow_ - d) * width +
                       static_cast<std::size_t>(sum % modulus_)] <= sum;
     }
     return sum <= bitsBar_ && ((Row(d)[sum / 64] >> (sum % 64)) & 1) != 0;
@@ -215,7 +244,7 @@ int64_t ReachTable::HighestUpTo(int d, int64_t limit, int64_t lowest) {
         // The next sum above the highest one is that sum plus the modulus length, so the
         // highest lies less than one such length below the limit. The residue steps down with
         // the sum.
-        const int32_t* least = least_.data() + static_cast<std::size_t>(d - 1) * modulus_;
+        const int32_t* least = least_.data() + static_cast<std::size_t>(modulusRow_ - d) * modulus_;
         for (int64_t sum = limit, residue = limit % modulus_; sum >= lowest; --sum) {
             if (least[residue] <= sum) {
                 return sum;
@@ -241,9 +270,11 @@ int64_t ReachTable::HighestUpTo(int d, int64_t limit, int64_t lowest) {
 void ReachTable::Release() {
     if (bits_.capacity() > KeptWords) {
         std::vector<uint64_t>().swap(bits_);
+        bitsSources_.clear();
     }
     if (least_.capacity() > 2 * KeptWords) {
         std::vector<int32_t>().swap(least_);
+        residueSources_.clear();
     }
 }
 

@@ -44,7 +44,7 @@ private:
     // Rows by residue, 1 to modulusRow_: a sum up to the bar belongs to row d when it is at
     // least the least sum of its residue, since the modulus length, in every such row, can be
     // added again and again to reach the others. The row of the modulus length takes the least
-    // sums from the bits of the row below it.
+    // sums from the bits of the row below it. Rows the last build made the same way stand.
     void BuildResidues();
     void BuildBits(int spacing);
     void AddAnyCountToResidues(int32_t* row, int64_t length) const;
@@ -75,6 +75,16 @@ private:
     int64_t modulus_ = 0;  // the length of the modulus row; 0 when no row goes by residue
     std::vector<int32_t> least_;
     std::vector<int32_t> before_;  // a row by residue before a chunk is added
+    // A least sum that stands for none. Sums past the bar are kept below it like any other, so
+    // that a row serves every bar whose rows are made the same way.
+    static constexpr int32_t None = INT32_MAX;
+    // What the rows of the last build were made from, so that the next build keeps the rows it
+    // shares with it: for the rows of bits the modulus, bitsBar_ and each row's length and most
+    // pieces; for the rows by residue, from the modulus row up, each row's length and most
+    // pieces, -1 for any number. Empty when nothing stands.
+    std::vector<int64_t> bitsSources_;
+    std::vector<int64_t> residueSources_;
+    std::vector<int64_t> sources_;  // those of the build at work
 };
 
 }  // namespace brennik
