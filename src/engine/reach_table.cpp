@@ -70,7 +70,7 @@ void ReachTable::Build(int count, const int64_t* lengths, const int64_t* most, i
     for (int d = count - 1; d > modulusRow_; --d) {
         sources_.insert(sources_.end(), {lengths[d], most[d]});
     }
-    const bool bitsStand = sources_ == bitsSources_ && spacing <= 1 && spacing_ == 1;
+    const bool bitsStand = sources_ == bitsSources_ && spacing <= 1;
     if (!bitsStand) {
         BuildBits(spacing);
         bitsSources_ = spacing_ == 1 ? sources_ : std::vector<int64_t>{};
@@ -135,12 +135,11 @@ void ReachTable::BuildResidues() {
         const bool anyCount = most_[d] >= bar_ / lengths_[d];
         sources_.insert(sources_.end(), {lengths_[d], anyCount ? -1 : most_[d]});
     }
-    std::size_t standing = 0;
-    while (2 * standing < std::min(sources_.size(), residueSources_.size()) &&
-           sources_[2 * standing] == residueSources_[2 * standing] &&
-           sources_[2 * standing + 1] == residueSources_[2 * standing + 1]) {
-        ++standing;
-    }
+    // Rows stand up to the first whose length or limit differs.
+    const auto differs = std::mismatch(sources_.begin(), sources_.end(), residueSources_.begin(),
+                                       residueSources_.end())
+                             .first;
+    auto standing = static_cast<std::size_t>(differs - sources_.begin()) / 2;
     residueSources_ = sources_;
     if (standing == 0) {
         // The modulus row holds the sums of the rows of bits below it, and their sums with
@@ -182,8 +181,8 @@ void ReachTable::BuildResidues() {
 
 // Adds any count of `length` to a row by residue. The residues that adding it steps through
 // form cycles; going once round each, from its least sum on, carries every sum as far as the
-// length can take it, as no sum can improve on the least one of its cycle. Sums beyond the bar
-// stay at None.
+// length can take it, as no sum can improve on the least one of its cycle. A residue without a
+// sum stays at None.
 void ReachTable::AddAnyCountToResidues(int32_t* row, int64_t length) const {
     const int64_t step = length % modulus_;
     if (step == 0) {
