@@ -119,5 +119,26 @@ TEST(ReachTable, RowsByResidueTakeNoSumBeyondTheRowsOfBitsBelowThem) {
     ExpectEveryRowExact(table, {500, 97, 70, 68}, {12, 65, 3, 1}, 6400, 1);
 }
 
+// The walk weighs its tries against the work the table reports: rows that stand from the last
+// build cost nothing, and every read adds to it. Once with rows by residue, once with bits only.
+TEST(ReachTable, WorkCountsTheRowsMadeAndTheReads) {
+    const int64_t bar = 5000;
+    for (const std::vector<int64_t>& lengths :
+         {std::vector<int64_t>{900, 613, 250, 37, 23}, std::vector<int64_t>{900, 613, 250, 97}}) {
+        std::vector<int64_t> most;
+        for (const int64_t length : lengths) {
+            most.push_back(std::min<int64_t>(length > 300 ? 3 : 9999, bar / length));
+        }
+        const int count = static_cast<int>(lengths.size());
+        ReachTable table;
+        table.Build(count, lengths.data(), most.data(), bar);
+        EXPECT_GT(table.Work(), 0);
+        table.Build(count, lengths.data(), most.data(), bar);
+        EXPECT_EQ(table.Work(), 0);
+        table.HighestUpTo(1, bar - 1);
+        EXPECT_GT(table.Work(), 0);
+    }
+}
+
 }  // namespace
 }  // namespace brennik

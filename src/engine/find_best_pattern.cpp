@@ -48,8 +48,13 @@ constexpr int64_t ReachLimit = int64_t{1} << 24;
 // never fill a bar exactly can make the walk's tree grow beyond any wait. A walk on a short bar
 // gives way sooner, after about as many tries as the table has words to shift, as the table is
 // then cheap; but never before MinWalkBudget, which most walks stay well within.
+// Once a table has answered a search on a bar, the walks of later searches there give way
+// after about as many tries as that table cost: a walk that must give way then wastes no more
+// than the table's own work.
 constexpr int64_t DefaultWalkBudget = 200000;
 constexpr int64_t MinWalkBudget = 2000;
+// The table's work that takes as long as one try of a walk.
+constexpr int64_t WorkPerTry = 40;
 std::atomic<int64_t> walkBudget{DefaultWalkBudget};
 
 // One branch-and-bound walk over the lengths still wanted. Counts are visited from high to low
@@ -69,7 +74,8 @@ public:
     }
 
     // Returns the least waste found, or `bar` when no pattern exists; counts in best().
-    int64_t Run(int64_t bar) {
+    // `tableTries` is what the last table on this bar cost, in tries; -1 before one.
+    int64_t Run(int64_t bar, int64_t tableTries) {
         capacity_[count_] = 0;
         divisor_[count_] = 0;
         shortest_[count_] = bar + 1;
@@ -98,7 +104,8 @@ public:
         floor_ = divisor_[0] > 0 ? bar % divisor_[0] : bar;
         done_ = false;
         tries_ = 0;
-        budget_ = bar <= ReachLimit ? WalkBudget(bar) : -1;
+        budget_ = bar <= ReachLimit ? WalkBudget(bar, tableTries) : -1;
+        tableTries_ = -1;
         Visit(0, bar);
         if (budget_ >= 0 && tries_ > budget_) {
             SolveByReach(bar);
@@ -106,6 +113,8 @@ public:
         return bestWaste_;
     }
 
+    // What the table of this search cost, in tries; -1 when the walk needed none.
+    int64_t TableTries() const { return tableTries_; }
     int Size() const { return count_; }
     int CutRow(int d) const { return rows_[d]; }
     int64_t BestCount(int d) const { return best_[d]; }
@@ -136,9 +145,12 @@ public:
     }
 
 private:
-    // About as many tries as the table would write words or numbers.
-    int64_t WalkBudget(int64_t bar) const {
-        const int64_t tableWork = ReachTable::Cost(count_, length_.data(), max_.data(), bar);
+    // About as many tries as the last table on this bar cost; before one, as many as the
+    // table would write words or numbers.
+    int64_t WalkBudget(int64_t bar, int64_t tableTries) const {
+        const int64_t tableWork = tableTries >= 0
+                                      ? tableTries
+                                      : ReachTable::Cost(count_, length_.data(), max_.data(), bar);
         const int64_t cap = walkBudget.load(std::memory_order_relaxed);
         return std::min(cap, std::max(MinWalkBudget, tableWork));
     }
@@ -267,6 +279,7 @@ private:
             rest -= c * length_[d];
         }
         bestWaste_ = bar - bestSum;
+        tableTries_ = reach.Work() / WorkPerTry;
         reach.Release();
     }
 
@@ -321,6 +334,7 @@ private:
     bool done_ = false;
     int64_t tries_ = 0;
     int64_t budget_ = -1;  // no budget: the bar is too long for the table
+    int64_t tableTries_ = -1;
 };
 
 // What a thread knows of one bar for the cutting lengths of the present problem: how many
@@ -336,6 +350,7 @@ struct BarFacts {
     std::array<int64_t, MaxCutLengths> most{};
     std::array<int64_t, MaxCutLengths> counts{};
     int64_t waste = 0;
+    int64_t tableTries = -1;  // what the last table on this bar cost, in tries of a walk
 
     bool Answers(int firstWanted, const std::array<int64_t, MaxCutLengths>& limits,
                  int count) const {
@@ -458,8 +473,9 @@ void FindBestPattern(Module1& m, float stdLength, float price, const CutRows<flo
             walk.Recall(*known);
             bestWaste = known->waste;
         } else {
-            bestWaste = walk.Run(bar);
+            bestWaste = walk.Run(bar, facts.tableTries);
             memo.Remember(key, walk.MemoAnswer());
+            facts.tableTries = walk.TableTries() >= 0 ? walk.TableTries() : facts.tableTries;
         }
         facts.first = first;
         facts.most = limits;

@@ -12,6 +12,9 @@ namespace {
 // Up to this many words every row is kept, and the memory is kept for the next search; a
 // larger table keeps every few rows only, and gives its memory back after the search.
 constexpr std::size_t KeptWords = std::size_t{1} << 21;
+// What a number of a row by residue costs beside a word of a row of bits, which the loops go
+// through several at a time, in the work the table counts.
+constexpr int64_t NumberWork = 4;
 
 }  // namespace
 
@@ -58,6 +61,7 @@ int64_t ReachTable::Cost(int count, const int64_t* lengths, const int64_t* most,
 void ReachTable::Build(int count, const int64_t* lengths, const int64_t* most, int64_t bar,
                        int spacing) {
     count_ = count;
+    work_ = 0;
     lengths_ = lengths;
     most_ = most;
     bar_ = bar;
@@ -147,6 +151,7 @@ void ReachTable::BuildResidues() {
         int32_t* row = least_.data();
         std::fill(row, row + width, None);
         const uint64_t* below = Row(modulusRow_ + 1);
+        work_ += static_cast<int64_t>(words_) + NumberWork * modulus_;
         // The last word may hold bits past bitsBar_: a row adds a length any number of times
         // where that makes the same sums up to bitsBar_, and the pieces beyond its limit land
         // there.
@@ -166,6 +171,7 @@ void ReachTable::BuildResidues() {
         const int d = modulusRow_ - static_cast<int>(k);
         int32_t* row = least_.data() + k * width;
         std::copy(row - width, row, row);
+        work_ += NumberWork * modulus_;
         if (residueSources_[2 * k + 1] < 0) {
             AddAnyCountToResidues(row, lengths_[d]);
         } else {
@@ -183,11 +189,12 @@ void ReachTable::BuildResidues() {
 // form cycles; going once round each, from its least sum on, carries every sum as far as the
 // length can take it, as no sum can improve on the least one of its cycle. A residue without a
 // sum stays at None.
-void ReachTable::AddAnyCountToResidues(int32_t* row, int64_t length) const {
+void ReachTable::AddAnyCountToResidues(int32_t* row, int64_t length) {
     const int64_t step = length % modulus_;
     if (step == 0) {
         return;  // the last length, taken often enough, makes the same sums
     }
+    work_ += 2 * NumberWork * modulus_;
     const auto next = [&](int64_t r) {
         return r + step < modulus_ ? r + step : r + step - modulus_;
     };
@@ -213,6 +220,7 @@ void ReachTable::AddOnceToResidues(int32_t* row, int64_t length) {
         return;  // the last length, taken often enough, makes the same sums
     }
     const auto width = static_cast<std::size_t>(modulus_);
+    work_ += 2 * NumberWork * modulus_;
     before_.assign(row, row + width);
     const auto shift = static_cast<std::size_t>(step);
     // Residues from `shift` on come from residues `shift` below; the lower ones from the top.
@@ -246,10 +254,12 @@ int64_t ReachTable::HighestUpTo(int d, int64_t limit, int64_t lowest) {
         const int32_t* least = least_.data() + static_cast<std::size_t>(modulusRow_ - d) * modulus_;
         for (int64_t sum = limit, residue = limit % modulus_; sum >= lowest; --sum) {
             if (least[residue] <= sum) {
+                work_ += NumberWork * (limit - sum + 1);
                 return sum;
             }
             residue = residue > 0 ? residue - 1 : modulus_ - 1;
         }
+        work_ += NumberWork * (limit - lowest + 1);
         return -1;
     }
     limit = std::min(limit, bitsBar_);
@@ -262,6 +272,7 @@ int64_t ReachTable::HighestUpTo(int d, int64_t limit, int64_t lowest) {
     while (bits == 0 && word > lowest / 64) {
         bits = row[--word];
     }
+    work_ += limit / 64 - word + 1;
     const int64_t highest = bits == 0 ? -1 : word * 64 + 63 - std::countl_zero(bits);
     return highest >= lowest ? highest : -1;
 }
@@ -282,7 +293,10 @@ void ReachTable::Release() {
 void ReachTable::AddLength(int d, const uint64_t* from, uint64_t* to) {
     const int64_t length = lengths_[d];
     int64_t most = most_[d];
+    const auto words = static_cast<int64_t>(words_);
+    work_ += words;  // the copy of the row below
     if (most >= bitsBar_ / length && length >= 64) {
+        work_ += words;
         AddAnyCount(from, to, length);
         return;
     }
@@ -293,6 +307,7 @@ void ReachTable::AddLength(int d, const uint64_t* from, uint64_t* to) {
     for (int64_t chunk = 1; most > 0; chunk *= 2) {
         const int64_t take = std::min(chunk, most);
         AddShifted(from, to, take * length);
+        work_ += words;
         from = to;
         most -= take;
     }

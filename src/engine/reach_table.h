@@ -31,6 +31,10 @@ public:
     // 0 there is always one.
     int64_t HighestUpTo(int d, int64_t limit, int64_t lowest = 0);
 
+    // The words and numbers written or read since Build began, rows worked out again and the
+    // reading of rows included: what the table has cost so far, beside the tries of a walk.
+    int64_t Work() const { return work_; }
+
     // Gives the memory of a large table back, so that a thread keeps little between searches.
     void Release();
 
@@ -47,7 +51,7 @@ private:
     // sums from the bits of the row below it. Rows the last build made the same way stand.
     void BuildResidues();
     void BuildBits(int spacing);
-    void AddAnyCountToResidues(int32_t* row, int64_t length) const;
+    void AddAnyCountToResidues(int32_t* row, int64_t length);
     void AddOnceToResidues(int32_t* row, int64_t length);
 
     bool ByResidue(int d) const { return d <= modulusRow_; }
@@ -62,6 +66,7 @@ private:
     void AddAnyCount(const uint64_t* from, uint64_t* to, int64_t shift);
 
     int count_ = 0;
+    int64_t work_ = 0;
     int modulusRow_ = 0;  // rows 1 to this one go by residue
     int spacing_ = 1;
     std::size_t keptSlots_ = 0;
