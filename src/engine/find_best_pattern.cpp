@@ -49,8 +49,7 @@ constexpr int64_t ReachLimit = int64_t{1} << 24;
 // gives way sooner, after about as many tries as the table has words to shift, as the table is
 // then cheap; but never before MinWalkBudget, which most walks stay well within.
 // Once a table has answered a search on a bar, the walks of later searches there give way
-// after about as many tries as that table cost: a walk that must give way then wastes no more
-// than the table's own work.
+// after about as many tries as that table cost.
 constexpr int64_t DefaultWalkBudget = 200000;
 constexpr int64_t MinWalkBudget = 2000;
 // The table's work that takes as long as one try of a walk.
@@ -74,7 +73,7 @@ public:
     }
 
     // Returns the least waste found, or `bar` when no pattern exists; counts in best().
-    // `tableTries` is what the last table on this bar cost, in tries; -1 before one.
+    // `tableTries` is about what a table on this bar costs, in tries; -1 before one.
     int64_t Run(int64_t bar, int64_t tableTries) {
         capacity_[count_] = 0;
         divisor_[count_] = 0;
@@ -145,8 +144,8 @@ public:
     }
 
 private:
-    // About as many tries as the last table on this bar cost; before one, as many as the
-    // table would write words or numbers.
+    // About as many tries as a table on this bar costs, as the last one there did; before one,
+    // as many as the table would write words or numbers.
     int64_t WalkBudget(int64_t bar, int64_t tableTries) const {
         const int64_t tableWork = tableTries >= 0
                                       ? tableTries
@@ -350,7 +349,15 @@ struct BarFacts {
     std::array<int64_t, MaxCutLengths> most{};
     std::array<int64_t, MaxCutLengths> counts{};
     int64_t waste = 0;
-    int64_t tableTries = -1;  // what the last table on this bar cost, in tries of a walk
+    // What the last table on this bar cost, in tries of a walk (-1 before one), and whether the
+    // last walk here gave way to a table.
+    int64_t tableTries = -1;
+    bool walkGaveWay = false;
+
+    // The tries after which a walk here gives way to the table: as many as the last table cost,
+    // so that a walk that must give way wastes no more than the table's own work; a quarter of
+    // that after a walk here gave way, as the next one mostly does too. -1 before any table.
+    int64_t WalkTries() const { return walkGaveWay ? tableTries / 4 : tableTries; }
 
     bool Answers(int firstWanted, const std::array<int64_t, MaxCutLengths>& limits,
                  int count) const {
@@ -473,9 +480,10 @@ void FindBestPattern(Module1& m, float stdLength, float price, const CutRows<flo
             walk.Recall(*known);
             bestWaste = known->waste;
         } else {
-            bestWaste = walk.Run(bar, facts.tableTries);
+            bestWaste = walk.Run(bar, facts.WalkTries());
             memo.Remember(key, walk.MemoAnswer());
-            facts.tableTries = walk.TableTries() >= 0 ? walk.TableTries() : facts.tableTries;
+            facts.walkGaveWay = walk.TableTries() >= 0;
+            facts.tableTries = facts.walkGaveWay ? walk.TableTries() : facts.tableTries;
         }
         facts.first = first;
         facts.most = limits;
