@@ -9,7 +9,7 @@
 #include "files/file_system.h"
 #include "report/clock.h"
 #include "run/find_press.h"
-#include "shell/memory_surface.h"
+#include "surface/memory_surface.h"
 
 namespace brennik::bench {
 

@@ -30,7 +30,7 @@
 #include "report/plan_report.h"
 #include "report/report_lines.h"
 #include "run/find_press.h"
-#include "shell/memory_surface.h"
+#include "surface/memory_surface.h"
 #include "state/module1.h"
 #include "temp_folder.h"
 

@@ -9,7 +9,7 @@
 #include "files/file_system.h"
 #include "files/settings.h"
 #include "fuzz_check.h"
-#include "shell/memory_surface.h"
+#include "surface/memory_surface.h"
 #include "state/module1.h"
 #include "temp_folder.h"
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "shell/memory_surface.h"
+#include "surface/memory_surface.h"
 
 namespace brennik {
 namespace {

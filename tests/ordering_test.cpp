@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "shell/memory_surface.h"
+#include "surface/memory_surface.h"
 
 namespace brennik {
 namespace {

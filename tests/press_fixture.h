@@ -10,7 +10,7 @@
 #include "files/file_system.h"
 #include "report/clock.h"
 #include "run/platform.h"
-#include "shell/memory_surface.h"
+#include "surface/memory_surface.h"
 #include "state/module1.h"
 #include "state/number_texts.h"
 #include "temp_folder.h"

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "engine/cutting_pass.h"
-#include "shell/memory_surface.h"
+#include "surface/memory_surface.h"
 #include "state/module1.h"
 #include "state/number_texts.h"
 #include "state/ordering.h"

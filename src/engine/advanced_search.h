@@ -3,7 +3,7 @@
 // best so far: the total cost where every length has a price, else the material left over.
 #pragma once
 
-#include "shell/surface.h"
+#include "surface/surface.h"
 #include "state/module1.h"
 
 namespace brennik {

@@ -3,7 +3,7 @@
 // longest first with the bars of the solution beside them.
 #pragma once
 
-#include "shell/surface.h"
+#include "surface/surface.h"
 #include "state/module1.h"
 
 namespace brennik {

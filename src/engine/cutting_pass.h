@@ -3,7 +3,7 @@
 // to two decimals as it is formed.
 #pragma once
 
-#include "shell/surface.h"
+#include "surface/surface.h"
 #include "state/module1.h"
 
 namespace brennik {

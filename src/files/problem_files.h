@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "files/file_system.h"
-#include "shell/surface.h"
+#include "surface/surface.h"
 #include "state/module1.h"
 
 namespace brennik {

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "files/file_system.h"
-#include "shell/surface.h"
+#include "surface/surface.h"
 #include "state/module1.h"
 
 namespace brennik {

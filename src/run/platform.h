@@ -4,7 +4,7 @@
 
 #include "files/file_system.h"
 #include "report/clock.h"
-#include "shell/surface.h"
+#include "surface/surface.h"
 
 namespace brennik {
 

@@ -3,7 +3,7 @@
 // at once, since a press does not return to the event loop while it runs.
 #pragma once
 
-#include "shell/surface.h"
+#include "surface/surface.h"
 #include "state/module1.h"
 
 namespace brennik {

@@ -26,7 +26,7 @@
 #include "report/plan_report.h"
 #include "run/find_press.h"
 #include "run/results_panel.h"
-#include "shell/memory_surface.h"
+#include "surface/memory_surface.h"
 #include "state/module1.h"
 #include "state/number_texts.h"
 

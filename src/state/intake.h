@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-#include "shell/surface.h"
+#include "surface/surface.h"
 #include "state/module1.h"
 
 namespace brennik {

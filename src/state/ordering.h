@@ -2,7 +2,7 @@
 // gaps at the end, the counts, the Method of the pass, and the reset of a pass's totals.
 #pragma once
 
-#include "shell/surface.h"
+#include "surface/surface.h"
 #include "state/module1.h"
 
 namespace brennik {

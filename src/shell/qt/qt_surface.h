@@ -15,7 +15,7 @@
 #include <utility>
 
 #include "shell/qt/form2.h"
-#include "shell/surface.h"
+#include "surface/surface.h"
 
 namespace brennik {
 
