@@ -22,50 +22,10 @@ namespace brennik {
 namespace {
 
 using testing::Bench;
+using testing::FailingFiles;
 using testing::FileOp;
 
 const char* const kOpNames[] = {"read", "write", "replace", "remove"};
-
-// Passes every operation on and counts them by kind, except that the `nth` operation of kind
-// `op` fails; a failing write first lands half of its bytes, as on a disk that fills up.
-class InjectingFiles final : public FileSystem {
-public:
-    explicit InjectingFiles(FileSystem& inner, FileOp op = FileOp::Read, int nth = 0)
-        : inner_(inner), op_(op), nth_(nth) {}
-
-    int Count(FileOp op) const { return counts_[static_cast<std::size_t>(op)]; }
-
-    std::string CurrentFolder() const override { return inner_.CurrentFolder(); }
-    bool SetCurrentFolder(const std::string& folder) override {
-        return inner_.SetCurrentFolder(folder);
-    }
-    std::string AppFolder() const override { return inner_.AppFolder(); }
-    bool ReadFile(const std::string& name, std::string& contents) override {
-        return !Fails(FileOp::Read) && inner_.ReadFile(name, contents);
-    }
-    bool WriteFile(const std::string& name, std::string_view contents) override {
-        if (Fails(FileOp::Write)) {
-            inner_.WriteFile(name, contents.substr(0, contents.size() / 2));
-            return false;
-        }
-        return inner_.WriteFile(name, contents);
-    }
-    bool ReplaceFile(const std::string& from, const std::string& to) override {
-        return !Fails(FileOp::Replace) && inner_.ReplaceFile(from, to);
-    }
-    bool RemoveFile(const std::string& name) override {
-        return !Fails(FileOp::Remove) && inner_.RemoveFile(name);
-    }
-    bool FileExists(const std::string& name) const override { return inner_.FileExists(name); }
-
-private:
-    bool Fails(FileOp op) { return ++counts_[static_cast<std::size_t>(op)] == nth_ && op == op_; }
-
-    FileSystem& inner_;
-    FileOp op_;
-    int nth_;
-    std::array<int, 4> counts_{};
-};
 
 bool IsKept(const std::string& name) {
     return name == "last.sol" || name == "last.pro" || name == "brennik.cnf" || name == "kept.pro";
@@ -202,7 +162,7 @@ TEST_P(FaultInjection, EveryFailingFileStepIsToldOrPassedOverAndTheNextTryWorks)
     const Operation& operation = GetParam();
     Bench clean;
     PrepareSession(clean);
-    InjectingFiles counting(clean.files);
+    FailingFiles counting(clean.files);
     operation.run(clean, counting);
     if (operation.firstReportMayStand) {
         ASSERT_EQ(clean.Status(), " Found a Better Solution !.") << "the press makes two passes";
@@ -218,7 +178,7 @@ TEST_P(FaultInjection, EveryFailingFileStepIsToldOrPassedOverAndTheNextTryWorks)
             Bench bench;
             PrepareSession(bench);
             const std::map<std::string, std::string> keptBefore = Files(bench, true);
-            InjectingFiles failing(bench.files, op, nth);
+            FailingFiles failing(bench.files, op, nth);
             operation.run(bench, failing);
             ASSERT_GE(failing.Count(op), nth) << "the failure was not reached";
 

@@ -4,11 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
-#include <iostream>
 #include <map>
 #include <memory>
 #include <random>
@@ -31,10 +29,8 @@ using testing::Bench;
 
 constexpr int kCiProblems = 1000;
 constexpr uint32_t kCiSeed = 20240611;
-// A long run stops after this many failing problems, and tells how far it has come after every
-// so many problems.
+// A long run stops after this many failing problems.
 constexpr int kMostFailingProblems = 5;
-constexpr int kProgressEvery = 50000;
 // Of so many problems, one is searched for a cheaper plan too.
 constexpr int kCheaperPlanEvery = 5;
 
@@ -68,8 +64,7 @@ int64_t Hundredths(double value) {
 
 // A whole pass step by step through the engine: no quantity below 0, PiecesLeft the sum of the
 // quantities and falling at every step, and at the end nothing left and exactly 100 percent.
-// Returns the number of steps.
-int CheckEnginePass(const SoakCase& soak) {
+void CheckEnginePass(const SoakCase& soak) {
     testing::Problem problem;
     for (const auto& [length, price] : soak.problem.stock) {
         problem.stdLengths.push_back(std::stod(length));
@@ -89,7 +84,7 @@ int CheckEnginePass(const SoakCase& soak) {
         const int32_t before = m.PiecesLeft;
         if (!CutNextStep(m)) {
             ADD_FAILURE() << "no pattern with " << before << " pieces left";
-            return steps;
+            return;
         }
         ++steps;
         int64_t left = 0;
@@ -101,13 +96,12 @@ int CheckEnginePass(const SoakCase& soak) {
         EXPECT_EQ(m.PiecesLeft, left) << "step " << steps;
         if (m.PiecesLeft >= before) {
             ADD_FAILURE() << "PiecesLeft did not fall at step " << steps;
-            return steps;
+            return;
         }
     }
     EXPECT_EQ(m.PiecesLeft, 0);
     EXPECT_EQ(m.PercentCut, 100.0f);
     EXPECT_TRUE(m.MasterCutQty == master) << "a step changed the master quantities";
-    return steps;
 }
 
 // A plan's lines as the report shows them: bar length, bars, and pieces by length, in
@@ -145,9 +139,9 @@ std::vector<LineShape> ShapesOf(const SolutionReport& report) {
 }
 
 // Every figure of the report against the others, its pieces against those asked for, and its
-// lines against those of the plan that made it. Returns the number of cutting lines read.
-int CheckReport(const std::string& contents, const SoakCase& soak, bool advanced,
-                const CuttingProblem& problem, const Plan& plan, const std::string& mark = "") {
+// lines against those of the plan that made it.
+void CheckReport(const std::string& contents, const SoakCase& soak, bool advanced,
+                 const CuttingProblem& problem, const Plan& plan, const std::string& mark = "") {
     const SolutionReport report = ReadReport(contents);
     EXPECT_EQ(ShapesOf(report), ShapesOf(problem, plan)) << "the report read back";
     for (const std::string& fault : report.faults) {
@@ -173,7 +167,6 @@ int CheckReport(const std::string& contents, const SoakCase& soak, bool advanced
     double materialWaste = 0;
     double moneyWaste = 0;
     double cost = 0;
-    int lines = 0;
     double previousLength = INFINITY;
     for (const ReportGroup& group : report.groups) {
         const double length = group.lines.empty() ? 0 : group.lines.front().stdLength;
@@ -182,7 +175,6 @@ int CheckReport(const std::string& contents, const SoakCase& soak, bool advanced
         int64_t bars = 0;
         for (const ReportLine& line : group.lines) {
             EXPECT_EQ(line.stdLength, length) << "a line in the group of another length";
-            ++lines;
             bars += line.bars;
             int64_t waste = Hundredths(line.stdLength);
             for (const ReportItem& item : line.items) {
@@ -222,18 +214,7 @@ int CheckReport(const std::string& contents, const SoakCase& soak, bool advanced
         const double tolerance = 0.01 * static_cast<double>(report.groups.size()) + 1e-7 * cost;
         EXPECT_NEAR(report.totalCost.value_or(-1), cost, tolerance) << "the total cost";
     }
-    return lines;
 }
-
-struct Tally {
-    int presses = 0;
-    int64_t steps = 0;
-    int64_t lines = 0;
-    int searches = 0;
-    int improved = 0;
-    int cheaperPlans = 0;
-    int improvedPlans = 0;
-};
 
 // The report of a press of the problem, and what the Advanced search compares: the total cost
 // when every length has a price, else the material left over.
@@ -243,7 +224,7 @@ struct Pressed {
     double objective = 0;
 };
 
-void Press(Pressed& pressed, const SoakCase& soak, bool advanced, Tally& tally) {
+void Press(Pressed& pressed, const SoakCase& soak, bool advanced) {
     Bench& bench = pressed.bench;
     bench.surface.SetRecording(false);
     bench.Type(soak.problem.stock, soak.problem.cuts);
@@ -251,18 +232,16 @@ void Press(Pressed& pressed, const SoakCase& soak, bool advanced, Tally& tally) 
     bench.surface.SetValue({Ctl::Check1}, advanced);
     bench.m.ShowWasteSummary = ToFlag(soak.wasteSummary);
     cmdFind_Click(bench.m, bench.platform);
-    ++tally.presses;
     pressed.report = bench.Read("last.sol");
     const CuttingProblem problem = ProblemOfPress(bench.m);
-    tally.lines +=
-        CheckReport(pressed.report, soak, advanced, problem, PlanOfPress(bench.m, problem));
+    CheckReport(pressed.report, soak, advanced, problem, PlanOfPress(bench.m, problem));
     const Module1& m = bench.m;
     pressed.objective = m.MethodA ? m.TotalCostA : m.AllPriced ? m.TotalCostB : m.TotalMatWasteB;
 }
 
 // A cheaper plan of the press's problem: every piece cut exactly, never worse than the press's
 // plan, not below the least figure, and its report read back as a report of the press is.
-void CheckCheaperPlan(Bench& bench, const SoakCase& soak, bool advanced, Tally& tally) {
+void CheckCheaperPlan(Bench& bench, const SoakCase& soak, bool advanced) {
     const CuttingProblem problem = ProblemOfPress(bench.m);
     const Plan press = PlanOfPress(bench.m, problem);
     ASSERT_TRUE(CutsExactly(problem, press)) << "the press's plan, read from its cutting lines";
@@ -280,32 +259,26 @@ void CheckCheaperPlan(Bench& bench, const SoakCase& soak, bool advanced, Tally& 
     plan->Advanced = ToFlag(advanced);
     ASSERT_TRUE(
         WritePlanReport(*plan, problem, outcome.plan, bench.files, bench.clock, "cheaper.sol"));
-    tally.lines +=
-        CheckReport(bench.Read("cheaper.sol"), soak, advanced, problem, outcome.plan, "+");
-    ++tally.cheaperPlans;
-    tally.improvedPlans += outcome.improved;
+    CheckReport(bench.Read("cheaper.sol"), soak, advanced, problem, outcome.plan, "+");
 }
 
-void CheckPresses(const SoakCase& soak, bool withCheaperPlan, Tally& tally) {
+void CheckPresses(const SoakCase& soak, bool withCheaperPlan) {
     Pressed basic;
-    Press(basic, soak, false, tally);
+    Press(basic, soak, false);
     ASSERT_EQ(basic.bench.Status(), " Done !.");
     Pressed advanced;
     Pressed* last = &basic;
     if (soak.advanced) {
-        Press(advanced, soak, true, tally);
+        Press(advanced, soak, true);
         last = &advanced;
         const std::string status = advanced.bench.Status();
         if (status == " Found a Better Solution !.") {
-            ++tally.searches;
-            ++tally.improved;
             EXPECT_LT(advanced.objective, basic.objective)
                 << "the search kept a solution no better than the basic one";
         } else {
             EXPECT_TRUE(status == " Sorry,  No Better Solution." ||
                         status == " No Better Solution.")
                 << status;
-            tally.searches += status == " Sorry,  No Better Solution.";
             EXPECT_EQ(advanced.objective, basic.objective);
             // Without a better arrangement the basic solution stands, labelled Advanced.
             std::string expected = basic.report;
@@ -318,20 +291,15 @@ void CheckPresses(const SoakCase& soak, bool withCheaperPlan, Tally& tally) {
     }
     // The form as the press left it, pressed again.
     cmdFind_Click(last->bench.m, last->bench.platform);
-    ++tally.presses;
     EXPECT_EQ(last->bench.Read("last.sol"), last->report) << "a second press changed the report";
     if (withCheaperPlan) {
-        CheckCheaperPlan(last->bench, soak, soak.advanced, tally);
+        CheckCheaperPlan(last->bench, soak, soak.advanced);
     }
 }
 
 int EnvironmentNumber(const char* name, int fallback) {
     const char* text = std::getenv(name);
     return text != nullptr && *text != '\0' ? std::atoi(text) : fallback;
-}
-
-double Seconds(std::chrono::steady_clock::time_point since) {
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - since).count();
 }
 
 TEST(Soak, RandomProblemsKeepEveryInvariant) {
@@ -342,11 +310,9 @@ TEST(Soak, RandomProblemsKeepEveryInvariant) {
     const auto between = [&random](int low, int high) {
         return std::uniform_int_distribution<int>(low, high)(random);
     };
-    const auto started = std::chrono::steady_clock::now();
     const ::testing::TestResult& result =
         *::testing::UnitTest::GetInstance()->current_test_info()->result();
 
-    Tally tally;
     int done = 0;
     int failing = 0;
     while (done < problems && failing < kMostFailingProblems) {
@@ -367,21 +333,12 @@ TEST(Soak, RandomProblemsKeepEveryInvariant) {
             SCOPED_TRACE("problem " + std::to_string(done) + " of seed " + std::to_string(seed) +
                          ": " + Describe(soak));
             const int failuresBefore = result.total_part_count();
-            tally.steps += CheckEnginePass(soak);
-            CheckPresses(soak, done % kCheaperPlanEvery == 0, tally);
+            CheckEnginePass(soak);
+            CheckPresses(soak, done % kCheaperPlanEvery == 0);
             ++done;
             failing += result.total_part_count() > failuresBefore;
-            if (done % kProgressEvery == 0) {
-                std::cout << "soak: " << done << " problems, " << Seconds(started) << " s"
-                          << std::endl;
-            }
         }
     }
-    std::cout << "soak: " << done << " problems (seed " << seed << "), " << tally.presses
-              << " presses, " << tally.steps << " engine steps, " << tally.lines
-              << " report lines read, " << tally.searches << " searches run, " << tally.improved
-              << " improved, " << tally.cheaperPlans << " cheaper plans searched, "
-              << tally.improvedPlans << " cheaper, in " << Seconds(started) << " s\n";
     EXPECT_EQ(done, problems);
 }
 
