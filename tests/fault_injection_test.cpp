@@ -3,7 +3,6 @@
 // files stay whole, no work file stays behind, and the next try works.
 #include <gtest/gtest.h>
 
-#include <array>
 #include <functional>
 #include <iostream>
 #include <map>

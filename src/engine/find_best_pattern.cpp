@@ -483,7 +483,9 @@ void FindBestPattern(Module1& m, float stdLength, float price, const CutRows<flo
             bestWaste = walk.Run(bar, facts.WalkTries());
             memo.Remember(key, walk.MemoAnswer());
             facts.walkGaveWay = walk.TableTries() >= 0;
-            facts.tableTries = facts.walkGaveWay ? walk.TableTries() : facts.tableTries;
+            if (facts.walkGaveWay) {
+                facts.tableTries = walk.TableTries();
+            }
         }
         facts.first = first;
         facts.most = limits;
