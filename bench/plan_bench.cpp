@@ -18,7 +18,7 @@
 #include "bench_press.h"
 #include "optimise/cheaper_plan.h"
 #include "optimise/press_plan.h"
-#include "plain_bound.h"
+#include "plain_least_figure.h"
 #include "problem_families.h"
 
 namespace brennik::bench {

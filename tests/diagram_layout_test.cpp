@@ -9,7 +9,6 @@
 #include <set>
 
 #include "press_fixture.h"
-#include "run/find_press.h"
 
 namespace brennik {
 namespace {
@@ -52,15 +51,14 @@ Bars BarsOf(const Diagram& diagram) {
     return bars;
 }
 
-Diagram Pressed(Bench& bench) {
-    cmdFind_Click(bench.m, bench.platform);
+Diagram Pressed(const testing::Rows& stock, const testing::Rows& cuts) {
+    Bench bench;
+    bench.Press(stock, cuts);
     return LayOutDiagram(ReadReport(bench.Read("last.sol")), SheetWidth, HalfEmWidth);
 }
 
 TEST(DiagramLayout, EveryCuttingLineIsOneBarOfItsPiecesAndRemainder) {
-    Bench bench;
-    bench.Type({{"12", "12"}}, {{"7.5", "20"}, {"4.5", "21"}, {"5.1", "24"}, {"6.5", "25"}});
-    const Diagram diagram = Pressed(bench);
+    const Diagram diagram = Pressed(testing::kTwelveStock, testing::kTwelveCuts);
     const Bars bars = BarsOf(diagram);
     // 12 = 7.5 + 4.5 x 20; 6.5 + 5.1 + rest 0.4 x 24; 6.5 + 4.5 + rest 1 x 1.
     ASSERT_EQ(bars.pieces.size(), 3u);
@@ -87,9 +85,7 @@ TEST(DiagramLayout, EveryCuttingLineIsOneBarOfItsPiecesAndRemainder) {
 }
 
 TEST(DiagramLayout, PiecesTooNarrowToDrawAreOneBlockWithTheirCount) {
-    Bench bench;
-    bench.Type({{"9999", ""}}, {{"0.5", "19998"}});
-    const Diagram diagram = Pressed(bench);
+    const Diagram diagram = Pressed({{"9999", ""}}, {{"0.5", "19998"}});
     const Bars bars = BarsOf(diagram);
     ASSERT_EQ(bars.pieces.size(), 1u);
     ASSERT_EQ(bars.pieces[0].size(), 1u);

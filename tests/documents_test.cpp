@@ -12,7 +12,6 @@
 #include "press_fixture.h"
 #include "problem_families.h"
 #include "report/page_files.h"
-#include "run/find_press.h"
 #include "state/number_texts.h"
 
 namespace brennik {
@@ -125,8 +124,7 @@ TEST(WriteDocuments, WritesBothTextsWithCrLfAndGoesOnPastAFailedWrite) {
 // the waste that the program computes, of money only with prices.
 TEST(ManualExamples, PrintTheReportAndQuoteTheFiguresThatTheProgramGives) {
     const auto examples = bench::WorkedExamples();
-    const bench::ProblemText barOfTwelve = {
-        {{"12", "12"}}, {{"7.5", "20"}, {"4.5", "21"}, {"5.1", "24"}, {"6.5", "25"}}};
+    const bench::ProblemText barOfTwelve = {testing::kTwelveStock, testing::kTwelveCuts};
     const struct {
         bench::ProblemText problem;
         std::string unit;
@@ -147,14 +145,10 @@ TEST(ManualExamples, PrintTheReportAndQuoteTheFiguresThatTheProgramGives) {
     for (const auto& c : cases) {
         SCOPED_TRACE(&c - cases);
         testing::Bench bench;
-        bench.Type(c.problem.stock, c.problem.cuts);
-        bench.surface.SetValue({c.methodB ? Ctl::Option2 : Ctl::Option1}, true);
-        bench.surface.SetValue({Ctl::Check1}, c.advanced);
-        bench.m.ShowWasteSummary = ToFlag(c.chapter4);
-        bench.m.ShowReference = ToFlag(c.chapter4);
         bench.surface.SetNextInput("U channel aluminium.");
         bench.clock = FixedClock{testing::Moment(2025, 6, 12, 14, 5)};
-        cmdFind_Click(bench.m, bench.platform);
+        bench.Press(c.problem.stock, c.problem.cuts,
+                    {c.methodB, c.advanced, c.chapter4, c.chapter4});
         ASSERT_FALSE(bench.m.EntryError || bench.m.LengthError) << bench.Status();
 
         // The report, or its page files, as a block of lines, trailing blanks aside.

@@ -14,6 +14,7 @@
 #include "files/problem_files.h"
 #include "files/settings.h"
 #include "press_fixture.h"
+#include "problem_families.h"
 #include "report/page_files.h"
 #include "run/find_press.h"
 
@@ -50,24 +51,15 @@ std::vector<std::string> WorkFiles(const Bench& bench) {
     return names;
 }
 
-using Rows = std::vector<std::pair<std::string, std::string>>;
-const Rows kFirstStock = {{"12", "12"}};
-const Rows kFirstCuts = {{"7.5", "20"}, {"4.5", "21"}, {"5.1", "24"}, {"6.5", "25"}};
-const Rows kSecondStock = {
-    {"20", "21"}, {"18", "17.5"}, {"15", "14.5"}, {"14", "13.5"}, {"12", "13"}};
-const Rows kSecondCuts = {{"7.5", "98"}, {"7.3", "65"}, {"4.4", "67"}, {"6.3", "87"},
-                          {"5.5", "32"}, {"9.3", "51"}, {"7.1", "43"}, {"2.4", "47"},
-                          {"1.9", "56"}, {"3.4", "18"}};
-
 // A folder as a session leaves it: settings written, a solution with its page files, the problem
-// saved under a name and as last.pro. Then another problem is typed, whose Advanced press makes
+// saved under a name and as last.pro. Then the example in feet is typed, whose Advanced press makes
 // two passes, and other settings ticked, for the operation under test to take up.
 void PrepareSession(Bench& bench) {
     bench.surface.SetRecording(false);
     bench.surface.SetValue({Ctl::Check2}, true);
     bench.surface.SetText({Ctl::Text7}, "60");
     ApplySettings(bench.m, bench.surface, bench.files);
-    bench.Type(kFirstStock, kFirstCuts);
+    bench.Type(testing::kTwelveStock, testing::kTwelveCuts);
     cmdFind_Click(bench.m, bench.platform);
     ViewSolution(bench.m, bench.surface, bench.files);
     SaveLastProblem(bench.m, bench.surface, bench.files);
@@ -75,7 +67,8 @@ void PrepareSession(Bench& bench) {
     SaveProblem(bench.m, bench.surface, bench.files);
 
     ClearProblem(bench.m, bench.surface);
-    bench.Type(kSecondStock, kSecondCuts);
+    const bench::ProblemText feet = bench::WorkedExamples()[2];
+    bench.Type(feet.stock, feet.cuts);
     bench.surface.SetValue({Ctl::Option2}, true);
     bench.surface.SetValue({Ctl::Check2}, false);
     bench.surface.SetValue({Ctl::Check3}, true);

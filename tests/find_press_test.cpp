@@ -11,7 +11,7 @@ namespace brennik {
 namespace {
 
 using testing::Bench;
-using Rows = std::vector<std::pair<std::string, std::string>>;
+using testing::Rows;
 using Texts = std::vector<std::string>;
 
 // What the search showed: each improvement as its attempt and status, and each arrangement
@@ -24,10 +24,7 @@ struct Search {
 // Ticks Advanced and presses Find Solution on the problem; records the events from the status
 // that announces the search to the blank that ends it.
 Search PressAdvanced(Bench& bench, const Rows& stock, const Rows& cuts, bool methodB) {
-    bench.Type(stock, cuts);
-    bench.surface.SetValue({methodB ? Ctl::Option2 : Ctl::Option1}, true);
-    bench.surface.SetValue({Ctl::Check1}, true);
-    cmdFind_Click(bench.m, bench.platform);
+    bench.Press(stock, cuts, {methodB, true});
     Search search;
     Texts shown(MaxStdLengths);
     bool inSearch = false;

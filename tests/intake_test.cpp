@@ -1,87 +1,158 @@
+// The intake of the entry boxes at and beyond every limit: what it takes and writes back in normal
+// form, what it drops in silence and what it refuses, on numbers and on texts that hold none.
 #include "state/intake.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "surface/memory_surface.h"
 
 namespace brennik {
 namespace {
 
-const char* const kUnacceptable = " Unacceptable Entry !.";
-const char* const kTooLong = " This length exceeds the longest standard length !.";
+using Texts = std::vector<std::string>;
+using Rows = std::vector<std::pair<std::string, std::string>>;
 
-void EnterCut(MemorySurface& surface, int row, const char* length, const char* quantity) {
-    surface.SetText({Ctl::txtL, row}, length);
-    surface.SetText({Ctl::txtN, row}, quantity);
+// Texts that hold no number at all, up to the seven characters that a box takes; control bytes
+// and bytes above 127 among them.
+const Texts kNoNumbers = {
+    "abcdefg", "#$%&*()", "-------", ".......", "+-+-+-+",        "e1e1e1e",        "nan", "inf",
+    "-inf",    "NaN(1)",  "       ", "x0x0x0x", "\t\t\t\t\t\t\t", "\1\2\3\4\5\6\7", "ééé!"};
+// Numbers too large for a length, or for any field.
+const Texts kBeyondLength = {"99999.91", "100000",  "9999999", "1e308",
+                             "1e999",    "1e+9999", "3.4e38",  "3.5e38"};
+
+Texts Joined(Texts texts, const Texts& more) {
+    texts.insert(texts.end(), more.begin(), more.end());
+    return texts;
 }
 
-TEST(ReadEntries, WritesAcceptedValuesBackInNormalFormAndDropsBadStandardRowsInSilence) {
-    // A half goes to the even digit. Beyond the limits or without a number, a standard row goes
-    // whole, a price alone.
-    const std::pair<const char*, const char*> stock[] = {{"6.126", ".8"},    {"99999.9", " 2.125"},
-                                                         {"99999.91", "30"}, {"0.001", "30"},
-                                                         {"1", "100000"},    {"1", "abc"}};
+// A form with the rows typed in, from the first, read once by the intake.
+struct Form {
     MemorySurface surface;
-    for (int r = 1; r <= MaxStdLengths; ++r) {
-        surface.SetText({Ctl::txtSL, r}, stock[r - 1].first);
-        surface.SetText({Ctl::txtSP, r}, stock[r - 1].second);
-    }
-    EnterCut(surface, 1, "2.5", "3.9");
-    EnterCut(surface, 2, "99999.9", "99999.9");
     Module1 m;
-    ReadEntries(m, surface);
-    EXPECT_EQ(m.EntryError, kFalse);
-    EXPECT_EQ(m.StdLength(1), 6.13f);
-    EXPECT_EQ(m.StdPrice(2), 2.12f);
-    EXPECT_EQ(m.CutQty(1), 3);
-    EXPECT_EQ(m.CutLength(2), EntryLimit);
-    EXPECT_EQ(m.CutQty(2), MaxQuantity);
-    const std::vector<std::pair<Control, std::string>> shown = {
-        {{Ctl::txtSL, 1}, "6.13"}, {{Ctl::txtSP, 1}, "0.8"}, {{Ctl::txtSL, 2}, "99999.9"},
-        {{Ctl::txtSL, 3}, ""},     {{Ctl::txtSP, 3}, ""},    {{Ctl::txtSL, 4}, ""},
-        {{Ctl::txtSL, 5}, "1"},    {{Ctl::txtSP, 5}, ""},    {{Ctl::txtSP, 6}, ""},
-        {{Ctl::txtN, 1}, "3"},     {{Ctl::txtLong}, ""}};
-    for (const auto& [box, text] : shown) {
-        EXPECT_EQ(surface.Text(box), text) << ControlName(box);
+
+    Form(const Rows& stock, const Rows& cuts) {
+        for (std::size_t r = 0; r < stock.size(); ++r) {
+            surface.SetText({Ctl::txtSL, static_cast<int>(r + 1)}, stock[r].first);
+            surface.SetText({Ctl::txtSP, static_cast<int>(r + 1)}, stock[r].second);
+        }
+        for (std::size_t i = 0; i < cuts.size(); ++i) {
+            surface.SetText({Ctl::txtL, static_cast<int>(i + 1)}, cuts[i].first);
+            surface.SetText({Ctl::txtN, static_cast<int>(i + 1)}, cuts[i].second);
+        }
+        ReadEntries(m, surface);
     }
-    EXPECT_EQ(m.StdLength(3), 0.0f);
-    EXPECT_EQ(m.StdPrice(3), 0.0f);
-    EXPECT_EQ(m.StdPrice(6), 0.0f);
+    std::string Text(Ctl box, int row = 0) const { return surface.Text({box, row}); }
+};
+
+// A half goes to the even digit; 0.005 lies a little above the half as a double, so it rounds
+// up. Beyond the limits or without a number, a standard row goes whole, a price alone.
+TEST(StandardRows, AreWrittenBackInNormalFormOrDroppedInSilence) {
+    const Rows kept = {
+        {"99999.9", "99999.9"}, {"99999.899", "99999.9"}, {"0.005", "0.01"}, {"1.2.3.4", "1.2"},
+        {"12abcde", "12"},      {"1,5,0,0", "1"},         {"+5", "5"},       {"5e", "5"},
+        {"  7  ", "7"},         {"6.126", "6.13"}};
+    const Texts dropped = Joined(Joined(kBeyondLength, kNoNumbers),
+                                 {"0.001", "0.004", "-0.01", "-1e999", "0x10", "1e-999", "0"});
+    Rows cases = kept;
+    for (const std::string& text : dropped) {
+        cases.emplace_back(text, "");
+    }
+    for (const auto& [text, shown] : cases) {
+        SCOPED_TRACE(text);
+        const Form form({{text, "10"}, {"6", "5"}}, {{"1", "2"}});
+        EXPECT_EQ(form.m.EntryError, kFalse);
+        EXPECT_EQ(form.Text(Ctl::txtSL, 1), shown);
+        EXPECT_EQ(form.Text(Ctl::txtSP, 1), shown.empty() ? "" : "10");
+        EXPECT_EQ(form.m.StdLength(1), shown.empty() ? 0.0f : std::stof(shown));
+        EXPECT_EQ(form.m.StdPrice(1), shown.empty() ? 0.0f : 10.0f);
+        EXPECT_EQ(form.Text(Ctl::txtSL, 2) + "/" + form.Text(Ctl::txtSP, 2), "6/5");
+        EXPECT_EQ(form.Text(Ctl::txtLong), "");
+    }
 }
 
-TEST(ReadEntries, RefusesTheFirstCuttingRowThatCannotBeCut) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"100000", "1"}, {"99999.91", "1"}, {"-1", "2"}, {"0.001", "3"}, {"2", "100000"},
-        {"2", "-1"},     {"2", "0.5"},      {"2", ""},   {"", "3"},      {"abc", "-0.5"},
-    };
-    for (const auto& [length, quantity] : cases) {
-        SCOPED_TRACE(std::string(length) + " / " + quantity);
-        MemorySurface surface;
-        surface.SetText({Ctl::txtSL, 1}, "6");
-        EnterCut(surface, 1, "2", "4");
-        EnterCut(surface, 2, length, quantity);
-        EnterCut(surface, 3, "-3", "5");
-        Module1 m;
-        ReadEntries(m, surface);
-        EXPECT_EQ(m.EntryError, kTrue);
-        EXPECT_EQ(surface.State({Ctl::txtLong}).text, kUnacceptable);
-        EXPECT_EQ(surface.State({Ctl::txtLong}).back, White);
-        EXPECT_EQ(surface.State({Ctl::txtLong}).fore, Red);
-        EXPECT_EQ(surface.State({Ctl::txtL, 2}).fore, Red);
-        EXPECT_EQ(surface.State({Ctl::txtN, 2}).fore, Red);
-        EXPECT_EQ(surface.Focus(), (Control{Ctl::txtL, 2}));
-        EXPECT_EQ(surface.Text({Ctl::txtL, 2}), length) << "the bad row keeps its text";
-        EXPECT_EQ(surface.State({Ctl::txtL, 3}).fore, Black) << "rows below are not read";
-        EXPECT_EQ(m.CutQty(1), 4);
+TEST(StandardRows, APriceBeyondTheLimitOrWithoutANumberIsEmptied) {
+    const Rows kept = {{"99999.9", "99999.9"}, {".8", "0.8"}, {" 2.125", "2.12"}};
+    const Texts emptied =
+        Joined(kNoNumbers, {"99999.91", "100000", "1e999", "-1e999", "-0.01", "0.004"});
+    Rows cases = kept;
+    for (const std::string& text : emptied) {
+        cases.emplace_back(text, "");
+    }
+    for (const auto& [text, shown] : cases) {
+        SCOPED_TRACE(text);
+        const Form form({{"12", text}}, {{"5", "3"}});
+        EXPECT_EQ(form.Text(Ctl::txtSP, 1), shown);
+        EXPECT_EQ(form.m.StdPrice(1), shown.empty() ? 0.0f : std::stof(shown));
+        EXPECT_EQ(form.Text(Ctl::txtSL, 1), "12");
+    }
+}
 
-        surface.SetText({Ctl::txtL, 2}, "3");
-        surface.SetText({Ctl::txtN, 2}, "7");
-        ReadEntries(m, surface);  // mended, the next bad row is told
-        EXPECT_EQ(surface.State({Ctl::txtL, 2}).fore, Black);
-        EXPECT_EQ(surface.State({Ctl::txtL, 3}).fore, Red);
-        EXPECT_EQ(surface.Focus(), (Control{Ctl::txtL, 3}));
+// Refused at cutting row 2: the message, both boxes of the row red, their texts kept and the
+// focus on its length; the row above black and read, the row below not read. Mended, the next
+// bad row is told.
+TEST(CuttingRows, TheFirstRowThatCannotBeCutIsRefused) {
+    Rows cases;
+    for (const std::string& text :
+         Joined(Joined(kBeyondLength, kNoNumbers),
+                {"-1e999", "-0.01", "0.001", "0.004", "0x10", "1e-999"})) {
+        cases.emplace_back(text, "3");
+    }
+    for (const std::string& text :
+         Joined(kNoNumbers, {"100000", "99999999", "1e308", "1e999", "-1e999", "2147483648",
+                             "-2147483649", "0.999", "0", "-0.5", "0x10", ""})) {
+        cases.emplace_back("4", text);
+    }
+    cases.emplace_back("", "3");
+    cases.emplace_back("abc", "-0.5");
+    for (const auto& [length, quantity] : cases) {
+        SCOPED_TRACE(length + " / " + quantity);
+        Form form({{"99999.9", "1"}}, {{"2", "4"}, {length, quantity}, {"-3", "5"}});
+        EXPECT_EQ(form.m.EntryError, kTrue);
+        const ControlState& status = form.surface.State({Ctl::txtLong});
+        EXPECT_EQ(status.text, " Unacceptable Entry !.");
+        EXPECT_EQ(status.back, White);
+        EXPECT_EQ(status.fore, Red);
+        EXPECT_EQ(form.surface.State({Ctl::txtL, 2}).fore, Red);
+        EXPECT_EQ(form.surface.State({Ctl::txtN, 2}).fore, Red);
+        EXPECT_EQ(form.surface.State({Ctl::txtL, 1}).fore, Black);
+        EXPECT_EQ(form.surface.Focus(), (Control{Ctl::txtL, 2}));
+        EXPECT_EQ(form.Text(Ctl::txtL, 2) + "/" + form.Text(Ctl::txtN, 2), length + "/" + quantity);
+        EXPECT_EQ(form.surface.State({Ctl::txtL, 3}).fore, Black) << "rows below are not read";
+        EXPECT_EQ(form.m.CutQty(1), 4);
+
+        form.surface.SetText({Ctl::txtL, 2}, "3");
+        form.surface.SetText({Ctl::txtN, 2}, "7");
+        ReadEntries(form.m, form.surface);
+        EXPECT_EQ(form.surface.State({Ctl::txtL, 2}).fore, Black);
+        EXPECT_EQ(form.surface.State({Ctl::txtL, 3}).fore, Red);
+        EXPECT_EQ(form.surface.Focus(), (Control{Ctl::txtL, 3}));
+    }
+}
+
+// Without a number in either box a cutting row is emptied in silence; a quantity up to 99999 is
+// taken, rounded down.
+TEST(CuttingRows, ARowWithoutNumbersIsEmptiedAndQuantitiesAreRoundedDown) {
+    for (const std::string& text : Joined(kNoNumbers, {"0.001"})) {
+        SCOPED_TRACE("both boxes " + text);
+        const Form form({{"12", "1"}}, {{text, text == "0.001" ? "" : text}, {"5", "2"}});
+        EXPECT_EQ(form.m.EntryError, kFalse);
+        EXPECT_EQ(form.Text(Ctl::txtL, 1) + form.Text(Ctl::txtN, 1), "");
+        EXPECT_EQ(form.m.CutLength(1), 0.0f);
+    }
+    const Rows taken = {{"99999", "99999"}, {"99999.9", "99999"}, {"99999.999", "99999"},
+                        {"1.9", "1"},       {"3e2", "300"},       {"12abcde", "12"}};
+    for (const auto& [text, shown] : taken) {
+        SCOPED_TRACE(text);
+        const Form form({{"99999.9", "1"}}, {{"99999.9", text}, {"0.005", "2"}});
+        EXPECT_EQ(form.m.EntryError, kFalse);
+        EXPECT_EQ(form.Text(Ctl::txtN, 1), shown);
+        EXPECT_EQ(form.m.CutQty(1), std::stoi(shown));
+        EXPECT_EQ(form.m.CutLength(1), EntryLimit);
+        EXPECT_EQ(form.Text(Ctl::txtL, 2), "0.01");
     }
 }
 
@@ -95,10 +166,12 @@ TEST(CheckCutLengths, TellsTheFirstRowThatFitsNoStandardLength) {
     m.CutLength(3) = 9;
     CheckCutLengths(m, surface);
     EXPECT_EQ(m.LengthError, kTrue);
-    EXPECT_EQ(surface.State({Ctl::txtLong}).text, kTooLong);
+    EXPECT_EQ(surface.State({Ctl::txtLong}).text,
+              " This length exceeds the longest standard length !.");
     EXPECT_EQ(surface.State({Ctl::txtLong}).back, White);
     EXPECT_EQ(surface.State({Ctl::txtLong}).fore, Red);
     EXPECT_EQ(surface.State({Ctl::txtL, 2}).fore, Red);
+    EXPECT_EQ(surface.State({Ctl::txtN, 2}).fore, Black);
     EXPECT_EQ(surface.State({Ctl::txtL, 3}).fore, Black) << "not reached";
 
     m.CutLength(2) = 2;

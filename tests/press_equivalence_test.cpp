@@ -7,7 +7,6 @@
 #include "plain_pattern_search.h"
 #include "press_fixture.h"
 #include "problem_families.h"
-#include "run/find_press.h"
 
 namespace brennik {
 namespace {
@@ -16,11 +15,7 @@ namespace {
 std::pair<std::string, std::string> PressOnce(const bench::ProblemText& problem, bool methodB,
                                               bool wasteSummary) {
     testing::Bench bench;
-    bench.Type(problem.stock, problem.cuts);
-    bench.surface.SetValue({methodB ? Ctl::Option2 : Ctl::Option1}, true);
-    bench.surface.SetValue({Ctl::Check1}, true);
-    bench.m.ShowWasteSummary = ToFlag(wasteSummary);
-    cmdFind_Click(bench.m, bench.platform);
+    bench.Press(problem.stock, problem.cuts, {methodB, true, wasteSummary});
     return {bench.Read("last.sol"), bench.Status()};
 }
 

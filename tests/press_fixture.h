@@ -9,13 +9,28 @@
 
 #include "files/file_system.h"
 #include "report/clock.h"
+#include "run/find_press.h"
 #include "run/platform.h"
-#include "surface/memory_surface.h"
 #include "state/module1.h"
 #include "state/number_texts.h"
+#include "surface/memory_surface.h"
 #include "temp_folder.h"
 
 namespace brennik::testing {
+
+using Rows = std::vector<std::pair<std::string, std::string>>;
+
+// The bar of twelve that the manual explores step by step: four lengths, Method A at 12 a bar.
+inline const Rows kTwelveStock = {{"12", "12"}};
+inline const Rows kTwelveCuts = {{"7.5", "20"}, {"4.5", "21"}, {"5.1", "24"}, {"6.5", "25"}};
+
+// The options of a press as the form's boxes and the settings panel give them.
+struct PressOptions {
+    bool methodB = false;
+    bool advanced = false;
+    bool wasteSummary = false;
+    bool reference = false;
+};
 
 // Everything a press works on, with the form opened as the program opens it (Method A).
 struct Bench {
@@ -29,8 +44,7 @@ struct Bench {
     Bench() { surface.SetValue({Ctl::Option1}, true); }
 
     // Types the rows into the boxes as a user would: texts, in the order given.
-    void Type(const std::vector<std::pair<std::string, std::string>>& stdRows,
-              const std::vector<std::pair<std::string, std::string>>& cutRows) {
+    void Type(const Rows& stdRows, const Rows& cutRows) {
         for (std::size_t r = 0; r < stdRows.size(); ++r) {
             surface.SetText({Ctl::txtSL, static_cast<int>(r + 1)}, stdRows[r].first);
             surface.SetText({Ctl::txtSP, static_cast<int>(r + 1)}, stdRows[r].second);
@@ -39,6 +53,16 @@ struct Bench {
             surface.SetText({Ctl::txtL, static_cast<int>(i + 1)}, cutRows[i].first);
             surface.SetText({Ctl::txtN, static_cast<int>(i + 1)}, cutRows[i].second);
         }
+    }
+
+    // Types the rows, sets the options and presses Find Solution.
+    void Press(const Rows& stdRows, const Rows& cutRows, const PressOptions& options = {}) {
+        Type(stdRows, cutRows);
+        surface.SetValue({options.methodB ? Ctl::Option2 : Ctl::Option1}, true);
+        surface.SetValue({Ctl::Check1}, options.advanced);
+        m.ShowWasteSummary = ToFlag(options.wasteSummary);
+        m.ShowReference = ToFlag(options.reference);
+        cmdFind_Click(m, platform);
     }
 
     std::string Read(const std::string& name) {

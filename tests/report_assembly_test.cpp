@@ -6,6 +6,7 @@
 #include <tuple>
 #include <vector>
 
+#include "diagram/report_reader.h"
 #include "files/text_lines.h"
 #include "press_fixture.h"
 #include "run/run_pass.h"
@@ -14,10 +15,10 @@ namespace brennik {
 namespace {
 
 using testing::Bench;
-using Rows = std::vector<std::pair<std::string, std::string>>;
+using testing::kTwelveCuts;
+using testing::kTwelveStock;
+using testing::Rows;
 
-const Rows kTwelve = {{"12", "12"}};
-const Rows kTwelveCuts = {{"7.5", "20"}, {"4.5", "21"}, {"5.1", "24"}, {"6.5", "25"}};
 // Five standard lengths in the best sequence that the Advanced search finds for them.
 const Rows kBestSequence = {
     {"4.3", "20.1"}, {"4.6", "22.3"}, {"3.7", "18.6"}, {"5.5", "27.5"}, {"6.1", "30.4"}};
@@ -35,9 +36,16 @@ std::string StrippedReport(Bench& bench) {
     return text + "\n";
 }
 
+// last.sol read back as the diagram and the checks read it, every line in its layout.
+SolutionReport ReadBack(Bench& bench) {
+    SolutionReport report = ReadReport(bench.Read("last.sol"));
+    EXPECT_TRUE(report.faults.empty()) << ::testing::PrintToString(report.faults);
+    return report;
+}
+
 TEST(ReportAssembly, MethodAReportWithWasteSummaryAndReference) {
     Bench bench;
-    bench.Type(kTwelve, kTwelveCuts);
+    bench.Type(kTwelveStock, kTwelveCuts);
     bench.m.Advanced = kTrue;
     bench.m.ShowWasteSummary = kTrue;
     bench.m.ShowReference = kTrue;
@@ -64,6 +72,13 @@ Reference      =>   U channel Aluminium.
     // The first line, which the page files measure, keeps the blanks up to its full width.
     EXPECT_EQ(bench.Read("last.sol").find('\r'), 14u * 2 + 66);
     EXPECT_EQ(bench.folder.FileNames(), std::vector<std::string>{"last.sol"});
+    const SolutionReport read = ReadBack(bench);
+    EXPECT_EQ(read.date + " " + read.time + " " + read.method, "06-Apr-1999 08:16 PM AA");
+    EXPECT_EQ(read.materialPercent, 1.96);
+    EXPECT_EQ(read.moneyPercent, 1.96);
+    EXPECT_EQ(read.wasteTotals.bars, 25);
+    EXPECT_EQ(read.totalCost, 540);
+    EXPECT_EQ(read.reference, "U channel Aluminium.");
 }
 
 // The pass keeps the rows in the order of the best sequence; the report still lists them longest
@@ -108,6 +123,9 @@ Total  Cost    =>         6128.80
 ----------------          =======
 )");
     EXPECT_EQ(bench.Read("last.sol").find('\r'), 14u * 3 + 19);
+    const SolutionReport read = ReadBack(bench);
+    EXPECT_EQ(read.date + " " + read.time + " " + read.method, "06-Apr-1999 08:16 PM BA");
+    EXPECT_FALSE(read.materialPercent || read.reference);
 }
 
 // Every bar of 10 yields pieces of one length only, so no line has more than one item and the
@@ -121,6 +139,8 @@ TEST(ReportAssembly, OneItemPerLineCutsTheTitles) {
     for (const std::string& line : plain) {
         EXPECT_LE(line.size(), 33u) << line;
     }
+    const SolutionReport narrow = ReadBack(bench);
+    EXPECT_EQ(narrow.date + narrow.time, "") << "no room for the stamps";
 
     bench.m.ShowWasteSummary = kTrue;
     RunPass(bench.m, bench.platform);
@@ -146,6 +166,14 @@ Method Used    => B                    1                1.00
               "STANDARD LENGTHS    CUTTING DETAILS  WASTE SUMMARY    06-Apr");
 }
 
+TEST(ReportReader, OtherTextIsNamedAFaultAndGivesNoPlan) {
+    for (const char* text : {"", "Dear User,\r\n", "STANDARD LENGTHS    CUTTING DETAILS\r\n"}) {
+        const SolutionReport report = ReadReport(text);
+        EXPECT_FALSE(report.faults.empty()) << text;
+        EXPECT_TRUE(report.groups.empty()) << text;
+    }
+}
+
 TEST(ReportAssembly, ProblemWithoutCuttingLengthsHasHeadAndFootOnly) {
     Bench bench;
     bench.Type({{"6", "10"}}, {});
@@ -166,7 +194,7 @@ Total  Cost    =>            0.00
 
 TEST(ReportAssembly, LongReferenceNoteStandsWholeWhileTheFootIsCut) {
     Bench bench;
-    bench.Type(kTwelve, kTwelveCuts);
+    bench.Type(kTwelveStock, kTwelveCuts);
     bench.m.ShowReference = kTrue;
     bench.m.ReferenceAsked = kTrue;
     bench.m.ReferenceText = std::string(280, 'x') + " end of note" + std::string(8, 'y');

@@ -13,13 +13,12 @@ namespace {
 using testing::Bench;
 using Texts = std::vector<std::string>;
 
-const std::vector<std::pair<std::string, std::string>> BarOfTwelve = {{"12", "12"}};
-const std::vector<std::pair<std::string, std::string>> BarOfTwelveCuts = {
-    {"7.5", "20"}, {"4.5", "21"}, {"5.1", "24"}, {"6.5", "25"}};
+using testing::kTwelveCuts;
+using testing::kTwelveStock;
 
 TEST(RunPass, SolvesFromTheBoxesToLastSol) {
     Bench bench;
-    bench.Type(BarOfTwelve, BarOfTwelveCuts);
+    bench.Type(kTwelveStock, kTwelveCuts);
     RunPass(bench.m, bench.platform);
     EXPECT_FALSE(bench.m.EntryError || bench.m.LengthError || bench.m.FileError);
     Texts statuses;  // each text the status line was given, runs of one text told once
@@ -42,7 +41,7 @@ TEST(RunPass, SolvesFromTheBoxesToLastSol) {
 
 TEST(RunPass, AsksForTheReferenceOnceAndCancelGivesAnEmptyNote) {
     Bench bench;
-    bench.Type(BarOfTwelve, BarOfTwelveCuts);
+    bench.Type(kTwelveStock, kTwelveCuts);
     bench.m.ShowReference = kTrue;
     bench.surface.SetNextInput("  U channel  ");
     RunPass(bench.m, bench.platform);
@@ -64,7 +63,7 @@ TEST(RunPass, EmptyFormStopsSilentlyAndNoCuttingLengthsGiveAnEmptyReport) {
     EXPECT_TRUE(empty.folder.FileNames().empty());
 
     Bench noCuts;
-    noCuts.Type(BarOfTwelve, {});
+    noCuts.Type(kTwelveStock, {});
     RunPass(noCuts.m, noCuts.platform);
     EXPECT_EQ(noCuts.Status(), " Done !.");
     EXPECT_EQ(noCuts.folder.FileNames(), Texts{"last.sol"});
@@ -80,7 +79,7 @@ TEST(RunPass, AFailedPassKeepsThePreviousSolution) {
     for (const auto& [op, nth, status] : cases) {
         SCOPED_TRACE(status + (op == testing::FileOp::Replace ? " on replacing" : ""));
         Bench bench;
-        bench.Type(BarOfTwelve, BarOfTwelveCuts);
+        bench.Type(kTwelveStock, kTwelveCuts);
         RunPass(bench.m, bench.platform);
         const std::string before = bench.Read("last.sol");
         testing::FailingFiles failing(bench.files, op, nth);

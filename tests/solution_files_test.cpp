@@ -11,7 +11,7 @@
 
 #include "files/text_lines.h"
 #include "press_fixture.h"
-#include "run/find_press.h"
+#include "problem_families.h"
 
 namespace brennik {
 namespace {
@@ -46,19 +46,17 @@ std::string Collapsed(const std::string& text) {
     return collapsed;
 }
 
-std::string Report(Bench& bench, const std::vector<std::pair<std::string, std::string>>& stock,
-                   const std::vector<std::pair<std::string, std::string>>& cuts) {
-    bench.Type(stock, cuts);
-    cmdFind_Click(bench.m, bench.platform);
+std::string Report(Bench& bench, const testing::Rows& stock, const testing::Rows& cuts,
+                   const testing::PressOptions& options = {}) {
+    bench.Press(stock, cuts, options);
     return bench.Read("last.sol");
 }
 
 TEST(SolutionPdf, ANarrowReportIsOnePageAndTheDiagramAnother) {
     Bench bench;
-    bench.m.ShowReference = ToFlag(true);
     bench.surface.SetNextInput("U channel Aluminium.");
     const std::string report =
-        Report(bench, {{"12", "12"}}, {{"7.5", "20"}, {"4.5", "21"}, {"5.1", "24"}, {"6.5", "25"}});
+        Report(bench, testing::kTwelveStock, testing::kTwelveCuts, {.reference = true});
     const std::string pdf = bench.folder.PathOf("plan.pdf");
     ASSERT_TRUE(WriteSolutionPdf(pdf, {"last.sol", report, 66}));
     EXPECT_EQ(PdfPages(pdf), 2);
@@ -74,18 +72,8 @@ TEST(SolutionPdf, ANarrowReportIsOnePageAndTheDiagramAnother) {
 
 TEST(SolutionPdf, AWideReportIsPrintedInSlicesOfThePageWidth) {
     Bench bench;
-    bench.m.ShowWasteSummary = ToFlag(true);
-    const std::string report = Report(
-        bench,
-        {{"6.1", "30.4"}, {"5.5", "27.5"}, {"4.6", "22.3"}, {"4.3", "20.1"}, {"3.7", "18.6"}},
-        {{"1.7", "84"},
-         {"2.3", "121"},
-         {"1.5", "67"},
-         {".8", "90"},
-         {"1.1", "65"},
-         {"1.3", "119"},
-         {"3.1", "114"},
-         {".6", "191"}});
+    const bench::ProblemText metres = bench::WorkedExamples()[0];
+    const std::string report = Report(bench, metres.stock, metres.cuts, {.wasteSummary = true});
     const std::vector<std::string> lines = SplitLines(report);
     const std::size_t width = 60;
     const std::size_t slices = (lines.front().size() + width - 1) / width;
