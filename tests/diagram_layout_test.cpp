@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <map>
 #include <set>
 
@@ -79,6 +80,22 @@ TEST(DiagramLayout, EveryCuttingLineIsOneBarOfItsPiecesAndRemainder) {
     const double scale = bars.pieces[0][0]->width / 7.5;
     EXPECT_NEAR(bars.remainders[0]->width, 0.4 * scale, 1e-9);
     EXPECT_NEAR(bars.pieces[0][1]->x + bars.pieces[0][1]->width, 12 * scale, 1e-9);
+    // A label on a piece reads: its ink stands far from the fill in brightness.
+    const auto brightness = [](Colour c) {
+        return 0.299 * c.red + 0.587 * c.green + 0.114 * c.blue;
+    };
+    int labels = 0;
+    for (const DiagramBand& band : diagram.bands) {
+        for (const DiagramText& text : band.texts) {
+            for (const DiagramBox& box : band.boxes) {
+                if (box.shade == Shade::Piece && box.x == text.x && box.width == text.width) {
+                    EXPECT_GT(std::abs(brightness(text.colour) - brightness(box.colour)), 100);
+                    ++labels;
+                }
+            }
+        }
+    }
+    EXPECT_EQ(labels, 6);
     for (const char* text : {"x 20", "x 24", "x 1", "rest 0.4", "1", "7.5", "Standard length 12"}) {
         EXPECT_NE(std::count(bars.texts.begin(), bars.texts.end(), text), 0) << text;
     }
