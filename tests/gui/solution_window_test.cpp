@@ -6,15 +6,15 @@
 #include <QPrinter>
 #include <QTemporaryDir>
 #include <QtTest>
+#include <algorithm>
 
-#include "diagram/report_reader.h"
 #include "shell/qt/form2.h"
 #include "shell/qt/solution_window.h"
 
 namespace brennik {
 
-// The worked example of the manual's first pages: a press of Method A leaves a plan that a
-// search can make cheaper.
+// The worked example of the manual's first pages: a press of Method A leaves a plan of eleven
+// cutting lines that a search can make cheaper.
 const QStringList kStock = {"6.1",  "30.4", "5.5",  "27.5", "4.6",
                             "22.3", "4.3",  "20.1", "3.7",  "18.6"};
 const QStringList kCuts = {"1.7", "84", "2.3", "121", "1.5", "67",  ".8", "90",
@@ -28,38 +28,26 @@ private:
     std::unique_ptr<Form2> form_;
 
     const Form2Controls& C() const { return form_->Controls(); }
-    QByteArray FileBytes(const QString& path) const {
-        QFile file(path);
+    QString InFolder(const QString& name) const { return folder_->filePath(name); }
+    QByteArray FileBytes(const QString& name) const {
+        QFile file(InFolder(name));
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
-    QString InFolder(const QString& name) const { return folder_->filePath(name); }
+    // A file of the folder as the report view shows it.
+    QString Shown(const QString& name) const {
+        return QString::fromLatin1(FileBytes(name)).remove('\r');
+    }
 
     SolutionWindow& FindAndView() {
-        for (int k = 0; k < kStock.size(); k += 2) {
-            C().txtSL[k / 2 + 1]->setText(kStock[k]);
-            C().txtSP[k / 2 + 1]->setText(kStock[k + 1]);
+        for (int k = 0; k < kStock.size(); ++k) {
+            (k % 2 == 0 ? C().txtSL : C().txtSP)[k / 2 + 1]->setText(kStock[k]);
         }
-        for (int k = 0; k < kCuts.size(); k += 2) {
-            C().txtL[k / 2 + 1]->setText(kCuts[k]);
-            C().txtN[k / 2 + 1]->setText(kCuts[k + 1]);
+        for (int k = 0; k < kCuts.size(); ++k) {
+            (k % 2 == 0 ? C().txtL : C().txtN)[k / 2 + 1]->setText(kCuts[k]);
         }
         C().cmdFind->click();
         C().cmdView->click();
         return *form_->Solution();
-    }
-
-    // The bars of the diagram shown, each as its pieces from the left: runs count as one.
-    static std::vector<std::size_t> PiecesOfBars(const Diagram& diagram) {
-        std::vector<std::size_t> bars;
-        for (const DiagramBand& band : diagram.bands) {
-            const auto pieces = std::count_if(band.boxes.begin(), band.boxes.end(), [](auto& box) {
-                return box.shade == Shade::Piece || box.shade == Shade::PieceRun;
-            });
-            if (pieces > 0) {
-                bars.push_back(static_cast<std::size_t>(pieces));
-            }
-        }
-        return bars;
     }
 
 private slots:
@@ -71,32 +59,24 @@ private slots:
     }
 
     void cleanup() {
-        delete form_->Solution();
+        delete form_->Solution();  // a window of its own, which the form leaves open
         form_.reset();
-        folder_.reset();
     }
 
     void viewShowsTheFileAndOneBarPerCuttingLine() {
-        QVERIFY(form_->Solution() == nullptr);
         C().cmdView->click();
         QVERIFY(form_->Solution() == nullptr);  // nothing to view before the first press
         SolutionWindow& window = FindAndView();
         QVERIFY(window.isVisible());
         QVERIFY(window.isMaximized() || QTest::qWaitForWindowExposed(&window));
-        const QByteArray report = FileBytes(InFolder("last.sol"));
-        QCOMPARE(window.ReportView().toPlainText(), QString::fromLatin1(report).remove('\r'));
-        std::vector<std::size_t> expected;
-        for (const ReportGroup& group : ReadReport(report.toStdString()).groups) {
-            for (const ReportLine& line : group.lines) {
-                std::size_t pieces = 0;
-                for (const ReportItem& item : line.items) {
-                    pieces += static_cast<std::size_t>(item.pieces);
-                }
-                expected.push_back(pieces);
-            }
+        QCOMPARE(window.ReportView().toPlainText(), Shown("last.sol"));
+        int bars = 0;  // the bands of the diagram that hold pieces
+        for (const DiagramBand& band : window.Diagram().Shown().bands) {
+            bars += std::any_of(band.boxes.begin(), band.boxes.end(), [](const DiagramBox& box) {
+                return box.shade == Shade::Piece || box.shade == Shade::PieceRun;
+            });
         }
-        QCOMPARE(expected.size(), 11u);
-        QCOMPARE(PiecesOfBars(window.Diagram().Shown()), expected);
+        QCOMPARE(bars, 11);
 
         // A second press shows the same window with the file as it is now; a file the press did
         // not write has no figures of the press.
@@ -106,30 +86,24 @@ private slots:
         file.close();
         C().cmdView->click();
         QCOMPARE(form_->Solution(), &window);
-        QVERIFY(window.ReportView().toPlainText().endsWith("Edited\n"));
+        QCOMPARE(window.ReportView().toPlainText(), Shown("last.sol"));
         QVERIFY(!window.Quality().isVisible());
     }
 
-    void printAndSaveAsWriteThePlanShown() {
+    void printAndSaveAsPdfWriteThePlanShown() {
         SolutionWindow& window = FindAndView();
         QPrinter printer(QPrinter::HighResolution);
-        printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(InFolder("printed.pdf"));
         QCOMPARE(window.PrintOn(printer), 2);
-        QVERIFY(FileBytes(InFolder("printed.pdf")).startsWith("%PDF"));
-
-        window.SetNextFileName(InFolder("april.sol"));
-        window.SaveAs();
-        QCOMPARE(FileBytes(InFolder("april.sol")), FileBytes(InFolder("last.sol")));
         window.SetNextFileName(InFolder("april.pdf"));
         window.SaveAsPdf();
-        QVERIFY(FileBytes(InFolder("april.pdf")).startsWith("%PDF"));
+        QVERIFY(FileBytes("april.pdf").startsWith("%PDF"));
         window.SetNextFileName("");  // Cancel writes nothing
         window.SaveAs();
         QCOMPARE(window.Message(), "Saved as " + InFolder("april.pdf") + ".");
     }
 
-    void aCheaperPlanIsFoundBesideTheWindowAndShownWithItsOwnReport() {
+    void aCheaperPlanIsFoundBesideTheWindowAndShownAndSavedWithItsOwnReport() {
         SolutionWindow& window = FindAndView();
         PlanQuality& quality = window.Quality();
         QVERIFY(quality.isVisible());
@@ -141,22 +115,19 @@ private slots:
         QVERIFY(quality.Busy());
         QVERIFY(!quality.FindButton()->isVisible());
         QTRY_VERIFY_WITH_TIMEOUT(!quality.Busy(), 30000);
-        QCOMPARE(window.ShownPlan(), 1);
-        QVERIFY(QFile::exists(InFolder("cheaper.sol")));
-        QCOMPARE(window.ReportView().toPlainText(),
-                 QString::fromLatin1(FileBytes(InFolder("cheaper.sol"))).remove('\r'));
+        QCOMPARE(window.ReportView().toPlainText(), Shown("cheaper.sol"));
         QVERIFY(window.ReportView().toPlainText().contains("Method Used    => A+ "));
         QVERIFY(quality.Figures().contains("A cheaper plan: cost "));
         QVERIFY(!quality.FindButton()->isEnabled());
+        window.SetNextFileName(InFolder("april.sol"));
+        window.SaveAs();
+        QCOMPARE(FileBytes("april.sol"), FileBytes("cheaper.sol"));
 
-        window.ShowPlan(0);
-        QCOMPARE(window.ReportView().toPlainText(),
-                 QString::fromLatin1(FileBytes(InFolder("last.sol"))).remove('\r'));
-        // A new press of View on the same report keeps both plans.
+        // A new press of View on the same report keeps both plans and the one shown.
         C().cmdView->click();
-        QCOMPARE(window.ShownPlan(), 0);
-        window.ShowPlan(1);
         QCOMPARE(window.ShownPlan(), 1);
+        window.ShowPlan(0);
+        QCOMPARE(window.ReportView().toPlainText(), Shown("last.sol"));
     }
 };
 
