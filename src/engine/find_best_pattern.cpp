@@ -53,7 +53,7 @@ constexpr int64_t ReachLimit = int64_t{1} << 24;
 constexpr int64_t DefaultWalkBudget = 200000;
 constexpr int64_t MinWalkBudget = 2000;
 // The table's work that takes as long as one try of a walk.
-constexpr int64_t WorkPerTry = 40;
+constexpr int64_t WorkPerTry = 80;
 std::atomic<int64_t> walkBudget{DefaultWalkBudget};
 
 // One branch-and-bound walk over the lengths still wanted. Counts are visited from high to low
@@ -73,8 +73,10 @@ public:
     }
 
     // Returns the least waste found, or `bar` when no pattern exists; counts in best().
-    // `tableTries` is about what a table on this bar costs, in tries; -1 before one.
-    int64_t Run(int64_t bar, int64_t tableTries) {
+    // `tableTries` is about what a table on this bar costs, in tries; -1 before one. A table
+    // holds the sums up to `tableTop`, at least the bar, so that the searches on the several
+    // bars of a problem build the same table.
+    int64_t Run(int64_t bar, int64_t tableTries, int64_t tableTop) {
         capacity_[count_] = 0;
         divisor_[count_] = 0;
         shortest_[count_] = bar + 1;
@@ -103,7 +105,11 @@ public:
         floor_ = divisor_[0] > 0 ? bar % divisor_[0] : bar;
         done_ = false;
         tries_ = 0;
-        budget_ = bar <= ReachLimit ? WalkBudget(bar, tableTries) : -1;
+        budget_ = -1;
+        if (bar <= ReachLimit) {
+            SetTableCounts(bar, std::min(tableTop, ReachLimit));
+            budget_ = WalkBudget(tableTries);
+        }
         tableTries_ = -1;
         Visit(0, bar);
         if (budget_ >= 0 && tries_ > budget_) {
@@ -146,10 +152,10 @@ public:
 private:
     // About as many tries as a table on this bar costs, as the last one there did; before one,
     // as many as the table would write words or numbers.
-    int64_t WalkBudget(int64_t bar, int64_t tableTries) const {
-        const int64_t tableWork = tableTries >= 0
-                                      ? tableTries
-                                      : ReachTable::Cost(count_, length_.data(), max_.data(), bar);
+    int64_t WalkBudget(int64_t tableTries) const {
+        const int64_t tableWork = tableTries >= 0 ? tableTries
+                                                  : ReachTable::Cost(count_, length_.data(),
+                                                                     tableMost_.data(), tableTop_);
         const int64_t cap = walkBudget.load(std::memory_order_relaxed);
         return std::min(cap, std::max(MinWalkBudget, tableWork));
     }
@@ -163,20 +169,27 @@ private:
         if (rest < target) {
             return true;  // no piece at all
         }
-        if (rest < shortest_[depth] || rest % divisor_[depth] >= target) {
+        // Lengths without a common divisor, the most usual ones, leave a residue of 0 without
+        // the dear division.
+        const int64_t divisor = divisor_[depth];
+        const int64_t leastResidue = divisor > 1 ? rest % divisor : 0;
+        if (rest < shortest_[depth] || leastResidue >= target) {
             return false;
         }
         const int64_t most = MostPieces(depth, rest);
-        const int64_t fewest = FewestPieces(depth, rest - target);
-        if (fewest > most) {
+        if (!LongestPiecesExceed(depth, most, rest - target)) {
             return false;
         }
+        // Only where the residue comes round after more than one piece does the count matter.
         const int64_t difference = difference_[depth];
         const int64_t period = period_[depth];
-        if (difference == 0 || most - fewest + 1 >= period) {
+        if (difference == 0 || period == 1) {
             return true;
         }
-        const int64_t divisor = divisor_[depth];
+        const int64_t fewest = FewestPieces(depth, rest - target);
+        if (most - fewest + 1 >= period) {
+            return true;
+        }
         if (target / divisor < most - fewest) {
             // Fewer residues below the target than counts to try. The counts that leave a
             // residue are one class modulo the period, which has a count in range when its
@@ -185,7 +198,7 @@ private:
             const int64_t inverse = stepInverse_[depth];
             int64_t below = (most - rest / divisor % period * inverse) % period;
             below += below < 0 ? period : 0;
-            for (int64_t residue = rest % divisor; residue < target; residue += divisor) {
+            for (int64_t residue = leastResidue; residue < target; residue += divisor) {
                 if (below <= most - fewest) {
                     return true;
                 }
@@ -214,10 +227,14 @@ private:
             return std::min(rest / shortest_[depth], pieces_[depth]);
         }
         // Lengths from `whole` on fit with all their pieces; of the one before, as many as fit.
-        const int whole = static_cast<int>(
-            std::partition_point(capacity_.begin() + depth, capacity_.begin() + count_,
-                                 [&](int64_t sum) { return sum > rest; }) -
-            capacity_.begin());
+        // Mostly not even the shortest length fits with all its pieces, which one look tells.
+        const int whole =
+            capacity_[count_ - 1] > rest
+                ? count_
+                : static_cast<int>(std::partition_point(capacity_.begin() + depth,
+                                                        capacity_.begin() + count_,
+                                                        [&](int64_t sum) { return sum > rest; }) -
+                                   capacity_.begin());
         const int64_t more =
             whole > depth
                 ? std::min(max_[whole - 1], (rest - capacity_[whole]) / length_[whole - 1])
@@ -236,15 +253,38 @@ private:
             return sum / longest_[depth] + 1;
         }
         // Lengths before `part` give all their pieces and no more than `sum`; of `part`, as many
-        // as it takes to pass it.
+        // as it takes to pass it. Mostly the pieces of the longest length alone pass it, which
+        // one look tells.
+        const auto givesNoMore = [&](int64_t below) { return capacity_[depth] - below <= sum; };
         const int part =
-            static_cast<int>(std::partition_point(
-                                 capacity_.begin() + depth, capacity_.begin() + count_,
-                                 [&](int64_t below) { return capacity_[depth] - below <= sum; }) -
-                             capacity_.begin()) -
-            1;
+            !givesNoMore(capacity_[depth + 1])
+                ? depth
+                : static_cast<int>(std::partition_point(capacity_.begin() + depth,
+                                                        capacity_.begin() + count_, givesNoMore) -
+                                   capacity_.begin()) -
+                      1;
         const int64_t given = capacity_[depth] - capacity_[part];
         return pieces_[depth] - pieces_[part] + (sum - given) / length_[part] + 1;
+    }
+
+    // Whether the longest `pieces` pieces of lengths depth, depth+1, ... may exceed `sum`: no
+    // fewer pieces than the fewest that may. Mostly they are all of the longest length, which
+    // one product tells.
+    bool LongestPiecesExceed(int depth, int64_t pieces, int64_t sum) const {
+        if (longestFirst_ && pieces <= max_[depth]) {
+            return pieces * length_[depth] > sum;
+        }
+        return FewestPieces(depth, sum) <= pieces;
+    }
+
+    // The table's top and its most pieces of each length: a length of which the bar holds no
+    // more pieces than allowed goes in as often as the top holds it, which makes the same sums
+    // up to the bar, and the same rows on every bar.
+    void SetTableCounts(int64_t bar, int64_t top) {
+        tableTop_ = std::max(bar, top);
+        for (int d = 0; d < count_; ++d) {
+            tableMost_[d] = max_[d] >= bar / length_[d] ? tableTop_ / length_[d] : max_[d];
+        }
     }
 
     // The least waste is that of the largest sum of pieces not above the bar, with at least one
@@ -252,7 +292,7 @@ private:
     // the one with the most pieces of the first length first, then of the second, and so on.
     void SolveByReach(int64_t bar) {
         thread_local ReachTable reach;
-        reach.Build(count_, length_.data(), max_.data(), bar);
+        reach.Build(count_, length_.data(), tableMost_.data(), tableTop_);
         int64_t bestSum = -1;
         for (int64_t c = std::min(max_[0], bar / length_[0]); c >= 1 && bar - bestSum > floor_;
              --c) {
@@ -268,18 +308,9 @@ private:
                 best_[0] = c;
             }
         }
-        int64_t rest = bestSum - best_[0] * length_[0];
-        for (int d = 1; d < count_; ++d) {
-            int64_t c = std::min(max_[d], rest / length_[d]);
-            while (!reach.Has(d + 1, rest - c * length_[d])) {
-                --c;
-            }
-            best_[d] = c;
-            rest -= c * length_[d];
-        }
+        reach.CountsOf(bestSum - best_[0] * length_[0], best_.data());
         bestWaste_ = bar - bestSum;
         tableTries_ = reach.Work() / WorkPerTry;
-        reach.Release();
     }
 
     void Visit(int depth, int64_t rest) {
@@ -316,6 +347,8 @@ private:
     std::array<int, MaxCutLengths> rows_;
     std::array<int64_t, MaxCutLengths> length_;
     std::array<int64_t, MaxCutLengths> max_;
+    std::array<int64_t, MaxCutLengths> tableMost_;
+    int64_t tableTop_ = 0;
     std::array<int64_t, MaxCutLengths + 1> capacity_;
     std::array<int64_t, MaxCutLengths + 1> divisor_;
     std::array<int64_t, MaxCutLengths + 1> shortest_;
@@ -422,6 +455,19 @@ PatternMemo& ThreadMemo() {
     return memo;
 }
 
+// The longest standard length up to twice the bar, or the bar: the searches on the bars of a
+// problem, mostly no further apart, then read the same table, which stands from one to the next.
+int64_t TableTop(const Module1& m, int64_t bar) {
+    int64_t top = bar;
+    for (int row = 1; row <= MaxStdLengths; ++row) {
+        const auto length = static_cast<int64_t>(Scale100(m.StdLength(row)));
+        if (length > top && length <= 2 * bar) {
+            top = length;
+        }
+    }
+    return top;
+}
+
 }  // namespace
 
 void ForgetPatterns() {
@@ -480,7 +526,7 @@ void FindBestPattern(Module1& m, float stdLength, float price, const CutRows<flo
             walk.Recall(*known);
             bestWaste = known->waste;
         } else {
-            bestWaste = walk.Run(bar, facts.WalkTries());
+            bestWaste = walk.Run(bar, facts.WalkTries(), TableTop(m, bar));
             memo.Remember(key, walk.MemoAnswer());
             facts.walkGaveWay = walk.TableTries() >= 0;
             if (facts.walkGaveWay) {

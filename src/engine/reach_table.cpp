@@ -9,18 +9,30 @@ namespace brennik {
 
 namespace {
 
-// Up to this many words every row is kept, and the memory is kept for the next search; a
-// larger table keeps every few rows only, and gives its memory back after the search.
-constexpr std::size_t KeptWords = std::size_t{1} << 21;
+// Up to this many words (64 MB) every row is kept, which holds 40 rows of bars up to 134,000;
+// a larger table keeps every few rows only. Either way the memory stays with the thread for the
+// next search, as the rows it holds mostly stand for the next table.
+constexpr std::size_t KeptWords = std::size_t{1} << 23;
+// How far apart the kept rows of a larger table stand: about the square root of the most rows
+// a search has, 40, for the least memory; the same for every such table, so that the rows of
+// one stand for the next.
+constexpr int SparseSpacing = 7;
+// Rows by residue are made for a length of at most this share of the bar. Going round the
+// residues by the steps of a length reads them out of order, so that a number costs many words
+// of a row of bits: only a far shorter row makes up for it.
+constexpr int64_t ResidueShare = 256;
 // What a number of a row by residue costs beside a word of a row of bits, which the loops go
 // through several at a time, in the work the table counts.
 constexpr int64_t NumberWork = 4;
+// What a count tried in CountsOf costs beside a word of a row of bits: a division, and now and
+// then the reading of a row at one place, mostly out of the cache.
+constexpr int64_t StepWork = 128;
 
 }  // namespace
 
 int ReachTable::ModulusRow(int count, const int64_t* lengths, const int64_t* most, int64_t bar) {
     for (int d = count - 1; d >= 1; --d) {
-        if (lengths[d] <= bar / 64 && most[d] >= bar / lengths[d]) {
+        if (lengths[d] <= bar / ResidueShare && most[d] >= bar / lengths[d]) {
             return d;
         }
     }
@@ -60,6 +72,7 @@ int64_t ReachTable::Cost(int count, const int64_t* lengths, const int64_t* most,
 
 void ReachTable::Build(int count, const int64_t* lengths, const int64_t* most, int64_t bar,
                        int spacing) {
+    const int lastCount = count_;
     count_ = count;
     work_ = 0;
     lengths_ = lengths;
@@ -68,16 +81,38 @@ void ReachTable::Build(int count, const int64_t* lengths, const int64_t* most, i
     modulusRow_ = ModulusRow(count, lengths, most, bar);
     modulus_ = modulusRow_ > 0 ? lengths[modulusRow_] : 0;
     bitsBar_ = SumsUpTo(modulusRow_ + 1, count, lengths, most, bar);
-    // The rows of bits stand from the last build when they were made the same way, all of
-    // them kept; so do the rows by residue above them up to the first made otherwise.
-    sources_.assign({modulus_, bitsBar_});
+    // The rows of bits from the bottom up, each by its length and the most pieces of it that
+    // count up to bitsBar_: rows made from the same ones hold the same sums.
+    sources_.assign({bitsBar_});
     for (int d = count - 1; d > modulusRow_; --d) {
-        sources_.insert(sources_.end(), {lengths[d], most[d]});
+        sources_.insert(sources_.end(), {lengths[d], std::min(most[d], bitsBar_ / lengths[d])});
     }
-    const bool bitsStand = sources_ == bitsSources_ && spacing <= 1;
-    if (!bitsStand) {
-        BuildBits(spacing);
-        bitsSources_ = spacing_ == 1 ? sources_ : std::vector<int64_t>{};
+    const int rows = count - modulusRow_;
+    if (spacing <= 0) {
+        const auto words = static_cast<std::size_t>(bitsBar_ / 64 + 1);
+        spacing = static_cast<std::size_t>(rows) * words <= KeptWords ? 1 : SparseSpacing;
+    }
+    // The rows of the last build stand up to the first made otherwise, when they were kept as
+    // far apart; -1 when not even the empty row at the bottom does.
+    int standing = -1;
+    if (spacing == spacing_ && !bitsSources_.empty() && bitsSources_[0] == bitsBar_) {
+        const auto same = std::mismatch(sources_.begin() + 1, sources_.end(),
+                                        bitsSources_.begin() + 1, bitsSources_.end())
+                              .first -
+                          (sources_.begin() + 1);
+        standing = static_cast<int>(same / 2);
+    }
+    if (standing < rows - 1) {
+        const int keptStanding = std::max(standing, 0) - std::max(standing, 0) % spacing;
+        BuildBits(spacing, keptStanding);
+    } else {
+        // All stand; the rows between kept ones that were worked out last keep their place
+        // counted from the bottom.
+        segmentTop_ += count - lastCount;
+    }
+    // The rows by residue stand only on the very rows of bits they were made from.
+    if (sources_ != bitsSources_) {
+        bitsSources_ = sources_;
         residueSources_.clear();
     }
     if (modulusRow_ > 0) {
@@ -85,30 +120,31 @@ void ReachTable::Build(int count, const int64_t* lengths, const int64_t* most, i
     }
 }
 
-// The rows of bits, count down to the one below the modulus row (to row 1 without one).
-void ReachTable::BuildBits(int spacing) {
+// The rows of bits, count down to the one below the modulus row (to row 1 without one), the
+// lowest `standing` of them, a kept one last, standing from the last build.
+void ReachTable::BuildBits(int spacing, int standing) {
     const int rows = count_ - modulusRow_;
     words_ = static_cast<std::size_t>(bitsBar_ / 64 + 1);
-    if (spacing > 0) {
-        spacing_ = spacing;
-    } else if (static_cast<std::size_t>(rows) * words_ <= KeptWords) {
-        spacing_ = 1;
-    } else {
-        spacing_ = static_cast<int>(std::ceil(std::sqrt(rows)));
-    }
+    spacing_ = spacing;
     // Kept rows count, count - spacing, ... down to the lowest; then the rows between two kept
     // ones.
     keptSlots_ = static_cast<std::size_t>((rows - 1) / spacing_ + 1);
     // Every row but the top one is written whole before it is read.
     const std::size_t size = (keptSlots_ + static_cast<std::size_t>(spacing_ - 1)) * words_;
     if (bits_.capacity() < size) {
-        std::vector<uint64_t>(size).swap(bits_);  // no more than this table needs
+        // No more than this table needs, with the standing rows carried over.
+        std::vector<uint64_t> grown(size);
+        const auto kept = static_cast<std::size_t>(standing / spacing_ + 1) * words_;
+        std::copy(bits_.begin(), bits_.begin() + std::min(kept, bits_.size()), grown.begin());
+        bits_.swap(grown);
     }
     bits_.resize(size);
-    std::fill(Slot(0), Slot(0) + words_, 0);
-    Slot(0)[0] = 1;
-    segmentTop_ = count_;
-    for (int d = count_ - 1; d > modulusRow_; --d) {
+    if (standing == 0) {
+        std::fill(Slot(0), Slot(0) + words_, 0);
+        Slot(0)[0] = 1;
+    }
+    segmentTop_ = count_ - standing;
+    for (int d = count_ - standing - 1; d > modulusRow_; --d) {
         segmentTop_ = KeptAbove(d + 1);  // the spare slots now fill with this segment's rows
         AddLength(d, Row(d + 1), Row(d));
     }
@@ -186,28 +222,28 @@ void ReachTable::BuildResidues() {
 }
 
 // Adds any count of `length` to a row by residue. The residues that adding it steps through
-// form cycles; going once round each, from its least sum on, carries every sum as far as the
-// length can take it, as no sum can improve on the least one of its cycle. A residue without a
-// sum stays at None.
+// form cycles, one for each residue modulo gcd(step, modulus); going once round each, from its
+// least sum on, carries every sum as far as the length can take it, as no sum can improve on the
+// least one of its cycle. A residue without a sum stays at None. The sum carried round stays in
+// a register, so that each step waits on an addition and a comparison, not on the store before.
 void ReachTable::AddAnyCountToResidues(int32_t* row, int64_t length) {
     const int64_t step = length % modulus_;
     if (step == 0) {
         return;  // the last length, taken often enough, makes the same sums
     }
     work_ += 2 * NumberWork * modulus_;
-    const auto next = [&](int64_t r) {
-        return r + step < modulus_ ? r + step : r + step - modulus_;
-    };
     const int64_t cycles = std::gcd(step, modulus_);
     const int64_t cycleLength = modulus_ / cycles;
     for (int64_t start = 0; start < cycles; ++start) {
         int64_t from = start;
-        for (int64_t k = 0, r = start; k < cycleLength; ++k, r = next(r)) {
+        for (int64_t r = start + cycles; r < modulus_; r += cycles) {
             from = row[r] < row[from] ? r : from;
         }
-        for (int64_t k = 0, r = from; k < cycleLength; ++k, r = next(r)) {
-            const int64_t carried = std::min<int64_t>(row[r] + length, None);
-            row[next(r)] = static_cast<int32_t>(std::min<int64_t>(row[next(r)], carried));
+        int64_t carried = row[from];
+        for (int64_t k = 1, r = from + step; k < cycleLength; ++k, r += step) {
+            r -= r >= modulus_ ? modulus_ : 0;
+            carried = std::min<int64_t>(carried + length, row[r]);
+            row[r] = static_cast<int32_t>(carried);
         }
     }
 }
@@ -277,15 +313,60 @@ int64_t ReachTable::HighestUpTo(int d, int64_t limit, int64_t lowest) {
     return highest >= lowest ? highest : -1;
 }
 
-void ReachTable::Release() {
-    if (bits_.capacity() > KeptWords) {
-        std::vector<uint64_t>().swap(bits_);
-        bitsSources_.clear();
+// Row by row, the most pieces of each length that leave a sum of the next row. Where rows
+// would be worked out again for that, the counts of the lengths up to the next row read without
+// work are tried together instead, the most pieces first, against that row alone: a pattern
+// mostly holds few pieces of those lengths, and then far fewer counts are tried than words
+// would be worked out. After as many tries as working them out costs, the rows are read after
+// all.
+void ReachTable::CountsOf(int64_t sum, int64_t* counts) {
+    for (int d = 1; d < count_;) {
+        const int ready = ReadyRow(d + 1);
+        if (ready > d + 1) {
+            // Each row worked out again reads one row and writes another.
+            const int64_t rowsWork = 2 * (ready - d - 1) * static_cast<int64_t>(words_);
+            const int64_t budget = rowsWork / StepWork;
+            int64_t steps = budget;
+            const bool filled = FillUpTo(d, ready, sum, counts, steps);
+            work_ += (budget - std::max<int64_t>(steps, 0)) * StepWork;
+            if (filled) {
+                for (; d < ready; ++d) {
+                    sum -= counts[d] * lengths_[d];
+                }
+                continue;
+            }
+        }
+        int64_t c = std::min(most_[d], sum / lengths_[d]);
+        while (!Has(d + 1, sum - c * lengths_[d])) {
+            --c;
+        }
+        counts[d] = c;
+        sum -= c * lengths_[d];
+        ++d;
     }
-    if (least_.capacity() > 2 * KeptWords) {
-        std::vector<int32_t>().swap(least_);
-        residueSources_.clear();
+}
+
+int ReachTable::ReadyRow(int d) const {
+    while (!ByResidue(d) && !IsKept(d) && KeptAbove(d) != segmentTop_) {
+        ++d;
     }
+    return d;
+}
+
+bool ReachTable::FillUpTo(int d, int end, int64_t sum, int64_t* counts, int64_t& steps) {
+    if (d == end) {
+        return Has(end, sum);
+    }
+    for (int64_t c = std::min(most_[d], sum / lengths_[d]); c >= 0; --c) {
+        if (--steps < 0) {
+            return false;
+        }
+        counts[d] = c;
+        if (FillUpTo(d + 1, end, sum - c * lengths_[d], counts, steps)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 // Where the bar holds no more pieces than `most`, one pass from the bottom up adds any count;
@@ -294,7 +375,7 @@ void ReachTable::AddLength(int d, const uint64_t* from, uint64_t* to) {
     const int64_t length = lengths_[d];
     int64_t most = most_[d];
     const auto words = static_cast<int64_t>(words_);
-    work_ += words;  // the copy of the row below
+    work_ += words;  // the reading of the row below
     if (most >= bitsBar_ / length && length >= 64) {
         work_ += words;
         AddAnyCount(from, to, length);
@@ -315,10 +396,34 @@ void ReachTable::AddLength(int d, const uint64_t* from, uint64_t* to) {
 
 namespace {
 
-// out |= src shifted up by `part` bits, word by word, `carry` being the word below src[0]. The
-// two never overlap, so the loop runs several words at a time.
-void OrShifted(uint64_t* __restrict out, const uint64_t* __restrict src, std::size_t n,
-               unsigned part, uint64_t carry) {
+// The rows' words go through these loops many millions of times a search. On processors with
+// 256-bit vectors, which the program finds out as it loads, the loops take four words at a time.
+#if defined(__x86_64__) && defined(__GNUC__)
+#define WIDE_VECTORS __attribute__((target_clones("avx2", "default")))
+#else
+#define WIDE_VECTORS
+#endif
+
+// out = base | src shifted up by `part` bits, word by word, `carry` being the word below src[0].
+// Nothing that is read overlaps `out`, so the loop runs several words at a time.
+WIDE_VECTORS void OrShifted(uint64_t* __restrict out, const uint64_t* __restrict base,
+                            const uint64_t* __restrict src, std::size_t n, unsigned part,
+                            uint64_t carry) {
+    if (part == 0) {
+        for (std::size_t i = 0; i < n; ++i) {
+            out[i] = base[i] | src[i];
+        }
+        return;
+    }
+    out[0] = base[0] | src[0] << part | carry >> (64 - part);
+    for (std::size_t i = 1; i < n; ++i) {
+        out[i] = base[i] | src[i] << part | src[i - 1] >> (64 - part);
+    }
+}
+
+// out |= src shifted up by `part` bits, the same where a row grows in place.
+WIDE_VECTORS void OrShiftedInPlace(uint64_t* __restrict out, const uint64_t* __restrict src,
+                                   std::size_t n, unsigned part, uint64_t carry) {
     if (part == 0) {
         for (std::size_t i = 0; i < n; ++i) {
             out[i] |= src[i];
@@ -333,14 +438,19 @@ void OrShifted(uint64_t* __restrict out, const uint64_t* __restrict src, std::si
 
 }  // namespace
 
-// to = from | from << shift. Word w of the result reads words w - whole and the one below, so
-// blocks of `whole` words, taken from the top down, read only words not yet changed.
+// to = from | from << shift. Into another row, one pass reads `from` alone. In place, word w
+// of the result reads words w - whole and the one below, so blocks of `whole` words, taken
+// from the top down, read only words not yet changed.
 void ReachTable::AddShifted(const uint64_t* from, uint64_t* to, int64_t shift) {
-    if (to != from) {
-        std::copy(from, from + words_, to);
-    }
     const auto whole = static_cast<std::size_t>(shift / 64);
     const auto part = static_cast<unsigned>(shift % 64);
+    if (to != from) {
+        std::copy(from, from + std::min(whole, words_), to);
+        if (whole < words_) {
+            OrShifted(to + whole, from + whole, from, words_ - whole, part, 0);
+        }
+        return;
+    }
     if (whole == 0) {
         for (std::size_t w = words_; w-- > 0;) {
             to[w] |= to[w] << part | (w > 0 ? to[w - 1] >> (64 - part) : 0);
@@ -350,20 +460,22 @@ void ReachTable::AddShifted(const uint64_t* from, uint64_t* to, int64_t shift) {
     for (std::size_t end = words_; end > whole;) {
         const std::size_t begin = std::max(whole, end - std::min(end, whole));
         const uint64_t carry = begin > whole ? to[begin - whole - 1] : 0;
-        OrShifted(to + begin, to + begin - whole, end - begin, part, carry);
+        OrShiftedInPlace(to + begin, to + begin - whole, end - begin, part, carry);
         end = begin;
     }
 }
 
-// to = from | to << shift | to << 2 shift | ...: blocks of `whole` words (at least one, as the
-// shift is at least a word), from the bottom up, each reading words already final below it.
+// to = from | to << shift | to << 2 shift | ...: the words below the shift are those of `from`;
+// above them blocks of `whole` words (at least one, as the shift is at least a word), from the
+// bottom up, each reading words already final below it.
 void ReachTable::AddAnyCount(const uint64_t* from, uint64_t* to, int64_t shift) {
-    std::copy(from, from + words_, to);
     const auto whole = static_cast<std::size_t>(shift / 64);
     const auto part = static_cast<unsigned>(shift % 64);
+    std::copy(from, from + std::min(whole, words_), to);
     for (std::size_t begin = whole; begin < words_; begin += whole) {
         const uint64_t carry = begin > whole ? to[begin - whole - 1] : 0;
-        OrShifted(to + begin, to + begin - whole, std::min(whole, words_ - begin), part, carry);
+        OrShifted(to + begin, from + begin, to + begin - whole, std::min(whole, words_ - begin),
+                  part, carry);
     }
 }
 

@@ -19,6 +19,9 @@ public:
     // rows and works the others out again when they are read, so that its memory grows with
     // the square root of the number of lengths rather than with the number itself.
     // `spacing` sets how many rows apart the kept rows stand; 0 leaves it to the table's size.
+    // Rows made from the same lengths and counts as those at the bottom of the last build, up
+    // to the same highest sum, stand from it: the searches of a press mostly differ from the
+    // last one in their first lengths.
     void Build(int count, const int64_t* lengths, const int64_t* most, int64_t bar,
                int spacing = 0);
 
@@ -30,13 +33,15 @@ public:
     // The largest sum of row d from `lowest` to `limit`, or -1 when the row has none there; from
     // 0 there is always one.
     int64_t HighestUpTo(int d, int64_t limit, int64_t lowest = 0);
+    // The counts of lengths 1 to count - 1 that make `sum`, a sum of row 1, into counts[1] to
+    // counts[count - 1]: of all that make it, the one with the most pieces of length 1, then of
+    // length 2, and so on.
+    void CountsOf(int64_t sum, int64_t* counts);
 
-    // The words and numbers written or read since Build began, rows worked out again and the
-    // reading of rows included: what the table has cost so far, beside the tries of a walk.
+    // The words and numbers written or read since Build began, rows worked out again, the
+    // reading of rows and the counts CountsOf tried included: what the table has cost so far,
+    // beside the tries of a walk.
     int64_t Work() const { return work_; }
-
-    // Gives the memory of a large table back, so that a thread keeps little between searches.
-    void Release();
 
 private:
     // The deepest row d >= 1 whose length can go in as often as the bar holds it and is short
@@ -50,7 +55,7 @@ private:
     // added again and again to reach the others. The row of the modulus length takes the least
     // sums from the bits of the row below it. Rows the last build made the same way stand.
     void BuildResidues();
-    void BuildBits(int spacing);
+    void BuildBits(int spacing, int standing);
     void AddAnyCountToResidues(int32_t* row, int64_t length);
     void AddOnceToResidues(int32_t* row, int64_t length);
 
@@ -60,6 +65,12 @@ private:
     int KeptAbove(int d) const { return d + (count_ - d) % spacing_; }
     uint64_t* Slot(std::size_t slot) { return bits_.data() + slot * words_; }
     uint64_t* Row(int d);
+    // The first row from d on that is read without working rows out again.
+    int ReadyRow(int d) const;
+    // Whether lengths d to end - 1 make all of `sum` but a sum of row `end` within `steps`
+    // counts tried, the steps left counted down; their counts, as CountsOf orders them, into
+    // `counts`.
+    bool FillUpTo(int d, int end, int64_t sum, int64_t* counts, int64_t& steps);
     // Row d from row d + 1 at `from`, into `to`.
     void AddLength(int d, const uint64_t* from, uint64_t* to);
     void AddShifted(const uint64_t* from, uint64_t* to, int64_t shift);
