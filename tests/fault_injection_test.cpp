@@ -6,6 +6,7 @@
 #include <functional>
 #include <iostream>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -27,15 +28,12 @@ using testing::FileOp;
 
 const char* const kOpNames[] = {"read", "write", "replace", "remove"};
 
-bool IsKept(const std::string& name) {
-    return name == "last.sol" || name == "last.pro" || name == "brennik.cnf" || name == "kept.pro";
-}
-
 // Every file of the folder with its bytes; only the files the user keeps when `keptOnly`.
 std::map<std::string, std::string> Files(Bench& bench, bool keptOnly = false) {
+    const std::set<std::string> kept = {"last.sol", "last.pro", "brennik.cnf", "kept.pro"};
     std::map<std::string, std::string> files;
     for (const std::string& name : bench.folder.FileNames()) {
-        if (!keptOnly || IsKept(name)) {
+        if (!keptOnly || kept.contains(name)) {
             files[name] = bench.Read(name);
         }
     }
@@ -92,7 +90,7 @@ std::string Seen(const Bench& bench) {
 
 struct Operation {
     std::string name;
-    std::function<void(Bench&, FileSystem&)> run;
+    std::function<void(Module1&, Surface&, FileSystem&)> run;
     // The status that a failure of each kind must tell; a kind not listed is passed over, and
     // the operation ends as it does with working files.
     std::map<FileOp, std::string> told;
@@ -101,7 +99,7 @@ struct Operation {
 };
 
 // Save on Exit and the settings written on a first start take the same write steps as Save and
-// Ok on the settings panel.
+// Ok on the settings panel. The file dialogs still answer kept.pro, as when the session saved it.
 std::vector<Operation> Operations() {
     const std::string solution = " Cannot write the solution file !.";
     const std::map<FileOp, std::string> pressTold = {
@@ -109,38 +107,23 @@ std::vector<Operation> Operations() {
     const std::string problem = " Cannot write the problem file !.";
     const std::string settings = " Cannot write the settings file !.";
     const auto press = [](bool advanced) {
-        return [advanced](Bench& bench, FileSystem& files) {
-            bench.surface.SetValue({Ctl::Check1}, advanced);
-            Platform platform{bench.surface, files, bench.clock};
-            cmdFind_Click(bench.m, platform);
+        return [advanced](Module1& m, Surface& surface, FileSystem& files) {
+            static const FixedClock clock{testing::Moment(1999, 4, 6, 20, 16)};
+            surface.SetValue({Ctl::Check1}, advanced);
+            Platform platform{surface, files, clock};
+            cmdFind_Click(m, platform);
         };
     };
     return {
         {"Press", press(false), pressTold},
         {"AdvancedPress", press(true), pressTold, true},
-        {"Save",
-         [](Bench& bench, FileSystem& files) {
-             bench.surface.SetNextFileName(bench.folder.PathOf("kept.pro"));
-             SaveProblem(bench.m, bench.surface, files);
-         },
-         {{FileOp::Write, problem}, {FileOp::Replace, problem}}},
-        {"Load",
-         [](Bench& bench, FileSystem& files) {
-             bench.surface.SetNextFileName(bench.folder.PathOf("kept.pro"));
-             LoadProblem(bench.m, bench.surface, files);
-         },
-         {{FileOp::Read, " Cannot read the problem file !."}}},
+        {"Save", SaveProblem, {{FileOp::Write, problem}, {FileOp::Replace, problem}}},
+        {"Load", LoadProblem, {{FileOp::Read, " Cannot read the problem file !."}}},
         // An unreadable settings file is passed over in silence, with the defaults in force.
-        {"LoadSettings",
-         [](Bench& bench, FileSystem& files) { LoadSettings(bench.m, bench.surface, files); },
-         {}},
-        {"ApplySettings",
-         [](Bench& bench, FileSystem& files) { ApplySettings(bench.m, bench.surface, files); },
-         {{FileOp::Write, settings}, {FileOp::Replace, settings}}},
+        {"LoadSettings", LoadSettings, {}},
+        {"ApplySettings", ApplySettings, {{FileOp::Write, settings}, {FileOp::Replace, settings}}},
         // The page files pass a failed step over; only a report that cannot be read is told.
-        {"ViewSolution",
-         [](Bench& bench, FileSystem& files) { ViewSolution(bench.m, bench.surface, files); },
-         {{FileOp::Read, " There is no solution to view yet !."}}},
+        {"ViewSolution", ViewSolution, {{FileOp::Read, " There is no solution to view yet !."}}},
     };
 }
 
@@ -155,7 +138,7 @@ TEST_P(FaultInjection, EveryFailingFileStepIsToldOrPassedOverAndTheNextTryWorks)
     Bench clean;
     PrepareSession(clean);
     FailingFiles counting(clean.files);
-    operation.run(clean, counting);
+    operation.run(clean.m, clean.surface, counting);
     if (operation.firstReportMayStand) {
         ASSERT_EQ(clean.Status(), " Found a Better Solution !.") << "the press makes two passes";
     }
@@ -171,7 +154,7 @@ TEST_P(FaultInjection, EveryFailingFileStepIsToldOrPassedOverAndTheNextTryWorks)
             PrepareSession(bench);
             const std::map<std::string, std::string> keptBefore = Files(bench, true);
             FailingFiles failing(bench.files, op, nth);
-            operation.run(bench, failing);
+            operation.run(bench.m, bench.surface, failing);
             ASSERT_GE(failing.Count(op), nth) << "the failure was not reached";
 
             EXPECT_GE(bench.m.PageWidth, 60);
@@ -194,7 +177,7 @@ TEST_P(FaultInjection, EveryFailingFileStepIsToldOrPassedOverAndTheNextTryWorks)
             EXPECT_LE(WorkFiles(bench).size(), op == FileOp::Remove ? 1u : 0u)
                 << ::testing::PrintToString(WorkFiles(bench));
 
-            operation.run(bench, bench.files);
+            operation.run(bench.m, bench.surface, bench.files);
             EXPECT_EQ(Seen(bench), Seen(clean)) << "the next try with working files";
             EXPECT_EQ(Files(bench), cleanFiles) << "the files after the next try";
         }
@@ -204,9 +187,7 @@ TEST_P(FaultInjection, EveryFailingFileStepIsToldOrPassedOverAndTheNextTryWorks)
 }
 
 INSTANTIATE_TEST_SUITE_P(FileOperations, FaultInjection, ::testing::ValuesIn(Operations()),
-                         [](const ::testing::TestParamInfo<Operation>& param) {
-                             return param.param.name;
-                         });
+                         ::testing::PrintToStringParamName());
 
 }  // namespace
 }  // namespace brennik

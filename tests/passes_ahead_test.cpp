@@ -18,43 +18,33 @@ namespace {
 testing::Problem TiedProblem(std::mt19937& random, bool methodA) {
     const double bars[] = {6, 6, 3, 4.5, 12, 7.5, 9};
     auto pick = [&](int low, int high) { return std::uniform_int_distribution(low, high)(random); };
-    testing::Problem problem;
-    problem.methodA = methodA;
+    testing::Problem problem{{}, {}, {}, methodA};
     const bool priced = methodA || pick(0, 1) == 1;
-    const int stdCount = pick(2, 6);
-    for (int r = 0; r < stdCount; ++r) {
+    for (int r = pick(2, 6); r > 0; --r) {
         const double length = bars[pick(0, 6)];
         problem.stdLengths.push_back(length);
         if (priced) {
             problem.prices.push_back(pick(0, 3) == 0 ? pick(5, 40) : 2 * length);
         }
     }
-    const int cutCount = pick(2, 9);
-    for (int i = 0; i < cutCount; ++i) {
+    for (int i = pick(2, 9); i > 0; --i) {
         problem.cuts.push_back({0.25 * pick(2, 12), pick(1, 40)});
     }
     return problem;
-}
-
-// Every order of the problem's standard rows, the rows past them staying in place.
-std::vector<Arrangement> EveryArrangement(int stdCount) {
-    Arrangement arrangement = StartingOrder();
-    std::vector<Arrangement> all;
-    do {
-        all.push_back(arrangement);
-    } while (std::next_permutation(arrangement.begin(), arrangement.begin() + stdCount));
-    return all;
 }
 
 TEST(PassesAhead, SharedStepsGiveEveryArrangementTheOutcomeOfItsOwnPass) {
     std::mt19937 random(20261123);
     int problemsWithDifferentOutcomes = 0;
     for (int k = 0; k < 300; ++k) {
-        Module1 m;
-        MemorySurface surface;
-        testing::LoadProblem(m, TiedProblem(random, k % 2 == 0), surface);
+        const Module1 m = testing::LoadProblem(TiedProblem(random, k % 2 == 0));
         SCOPED_TRACE("problem " + std::to_string(k));
-        const std::vector<Arrangement> arrangements = EveryArrangement(m.StdCount);
+        // Every order of the standard rows, the rows past them staying in place.
+        std::vector<Arrangement> arrangements;
+        Arrangement order = StartingOrder();
+        do {
+            arrangements.push_back(order);
+        } while (std::next_permutation(order.begin(), order.begin() + m.StdCount));
         PassesAhead passes(m, arrangements);
         bool outcomesDiffer = false;
         for (const Arrangement& arrangement : arrangements) {
@@ -62,10 +52,9 @@ TEST(PassesAhead, SharedStepsGiveEveryArrangementTheOutcomeOfItsOwnPass) {
             StartPass(alone, m, arrangement);
             const PassOutcome expected = FinishPass(alone);
             ASSERT_TRUE(passes.Of(arrangement) == expected);
-            outcomesDiffer =
-                outcomesDiffer || !(expected.progress == passes.Of(arrangements[0]).progress);
+            outcomesDiffer |= !(expected.progress == passes.Of(arrangements[0]).progress);
         }
-        problemsWithDifferentOutcomes += outcomesDiffer ? 1 : 0;
+        problemsWithDifferentOutcomes += outcomesDiffer;
     }
     EXPECT_GT(problemsWithDifferentOutcomes, 30) << "the problems should make arrangements differ";
 }

@@ -4,14 +4,19 @@
 
 #include <coin/ClpSimplex.hpp>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <utility>
 #include <vector>
 
 #include "optimise/cutting_plan.h"
 
 namespace brennik::testing {
+
+// Patterns as (standard row, pieces of each cutting row in one bar).
+using Patterns = std::vector<std::pair<int, std::vector<int64_t>>>;
 
 inline double PlainBarFigure(const CuttingProblem& problem, Objective objective, int s) {
     const StockLength& bar = problem.stock[s];
@@ -19,29 +24,28 @@ inline double PlainBarFigure(const CuttingProblem& problem, Objective objective,
 }
 
 // Every pattern of every standard row: pieces of each row up to its quantity that fit the bar,
-// with at least one piece. Calls `visit(stock, pieces)` for each.
-inline void ForEveryPattern(const CuttingProblem& problem,
-                            const std::function<void(int, const std::vector<int64_t>&)>& visit) {
-    const std::size_t n = problem.pieces.size();
-    std::vector<int64_t> counts(n, 0);
+// with at least one piece. Only for problems small enough to list them.
+inline Patterns EveryPattern(const CuttingProblem& problem) {
+    Patterns patterns;
+    std::vector<int64_t> counts(problem.pieces.size(), 0);
     for (int s = 0; s < static_cast<int>(problem.stock.size()); ++s) {
-        const std::function<void(std::size_t, int64_t, bool)> walk = [&](std::size_t j,
-                                                                         int64_t room, bool any) {
-            if (j == n) {
-                if (any) {
-                    visit(s, counts);
+        const std::function<void(std::size_t, int64_t)> walk = [&](std::size_t j, int64_t room) {
+            if (j == counts.size()) {
+                if (std::any_of(counts.begin(), counts.end(), [](int64_t c) { return c > 0; })) {
+                    patterns.emplace_back(s, counts);
                 }
                 return;
             }
             const WantedPiece& piece = problem.pieces[j];
             for (int64_t c = 0; c <= piece.quantity && c * piece.length100 <= room; ++c) {
                 counts[j] = c;
-                walk(j + 1, room - c * piece.length100, any || c > 0);
+                walk(j + 1, room - c * piece.length100);
             }
             counts[j] = 0;
         };
-        walk(0, problem.stock[s].length100, false);
+        walk(0, problem.stock[s].length100);
     }
+    return patterns;
 }
 
 // The LP over the given patterns: its optimum and the duals of its rows.
@@ -51,7 +55,7 @@ struct PlainLp {
 };
 
 inline PlainLp SolvePlainLp(const CuttingProblem& problem, Objective objective,
-                            const std::vector<std::pair<int, std::vector<int64_t>>>& patterns) {
+                            const Patterns& patterns) {
     ClpSimplex lp;
     lp.setLogLevel(0);
     const auto rows = static_cast<int>(problem.pieces.size());
@@ -75,15 +79,6 @@ inline PlainLp SolvePlainLp(const CuttingProblem& problem, Objective objective,
     PlainLp result{lp.objectiveValue(), {}};
     result.duals.assign(lp.dualRowSolution(), lp.dualRowSolution() + rows);
     return result;
-}
-
-// The LP over every pattern there is: only for problems small enough to list them.
-inline PlainLp EveryPatternLp(const CuttingProblem& problem, Objective objective) {
-    std::vector<std::pair<int, std::vector<int64_t>>> patterns;
-    ForEveryPattern(problem, [&](int s, const std::vector<int64_t>& pieces) {
-        patterns.emplace_back(s, pieces);
-    });
-    return SolvePlainLp(problem, objective, patterns);
 }
 
 }  // namespace brennik::testing

@@ -3,20 +3,19 @@
 #pragma once
 
 #include <cstdint>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "engine/cutting_pass.h"
-#include "surface/memory_surface.h"
 #include "state/module1.h"
 #include "state/number_texts.h"
 #include "state/ordering.h"
+#include "surface/memory_surface.h"
 
 namespace brennik::testing {
 
-struct Cut {
-    double length;
-    int32_t quantity;
-};
+using Cut = std::pair<double, int32_t>;  // (length, quantity)
 
 struct Problem {
     std::vector<double> stdLengths;
@@ -25,21 +24,20 @@ struct Problem {
     bool methodA = false;
 };
 
-// Fills the rows in entry order with two-decimal values, orders and classifies them, resets
-// the totals and counts the pieces, ready for the first cutting step.
-inline void LoadProblem(Module1& m, const Problem& problem, MemorySurface& surface) {
-    m = Module1{};
-    for (std::size_t r = 0; r < problem.stdLengths.size(); ++r) {
-        m.StdLength(static_cast<int>(r + 1)) =
-            static_cast<float>(RoundEven2(problem.stdLengths[r]));
+// A block with the rows filled in entry order with two-decimal values, ordered and classified,
+// the totals reset and the pieces counted, ready for the first cutting step.
+inline Module1 LoadProblem(const Problem& problem) {
+    Module1 m;
+    MemorySurface surface;
+    for (int r = 1; r <= std::ssize(problem.stdLengths); ++r) {
+        m.StdLength(r) = static_cast<float>(RoundEven2(problem.stdLengths[r - 1]));
     }
-    for (std::size_t r = 0; r < problem.prices.size(); ++r) {
-        m.StdPrice(static_cast<int>(r + 1)) = static_cast<float>(RoundEven2(problem.prices[r]));
+    for (int r = 1; r <= std::ssize(problem.prices); ++r) {
+        m.StdPrice(r) = static_cast<float>(RoundEven2(problem.prices[r - 1]));
     }
-    for (std::size_t i = 0; i < problem.cuts.size(); ++i) {
-        m.CutLength(static_cast<int>(i + 1)) =
-            static_cast<float>(RoundEven2(problem.cuts[i].length));
-        m.CutQty(static_cast<int>(i + 1)) = problem.cuts[i].quantity;
+    for (int i = 1; i <= std::ssize(problem.cuts); ++i) {
+        m.CutLength(i) = static_cast<float>(RoundEven2(problem.cuts[i - 1].first));
+        m.CutQty(i) = problem.cuts[i - 1].second;
     }
     surface.SetValue({problem.methodA ? Ctl::Option1 : Ctl::Option2}, true);
     SortStdLengths(m);
@@ -48,27 +46,25 @@ inline void LoadProblem(Module1& m, const Problem& problem, MemorySurface& surfa
     ResetPassTotals(m);
     CountTotalPieces(m);
     m.PiecesLeft = m.TotalPieces;
+    return m;
 }
 
-struct Step {
-    float stdLength;
-    int32_t bars;
-    std::vector<std::pair<float, int32_t>> pieces;  // (cutting length, pieces per bar)
-    float waste;
-};
+using Pieces = std::vector<std::pair<float, int32_t>>;  // (cutting length, pieces per bar)
+// One cutting step: the standard length, the bars cut, their pattern and the waste of each.
+using Step = std::tuple<float, int32_t, Pieces, float>;
 
 // Runs cutting steps until nothing is left or no row has a pattern.
 inline std::vector<Step> RunWholePass(Module1& m) {
     std::vector<Step> steps;
     while (m.PiecesLeft > 0 && CutNextStep(m)) {
         const int row = static_cast<int>(m.ChosenStd);
-        Step step{m.StdLength(row), m.ChosenBars, {}, m.ChosenWaste};
+        Pieces pieces;
         for (int i = 1; i <= m.CutCount; ++i) {
             if (m.PatternPieces(row, i) > 0) {
-                step.pieces.emplace_back(m.CutLength(i), m.PatternPieces(row, i));
+                pieces.emplace_back(m.CutLength(i), m.PatternPieces(row, i));
             }
         }
-        steps.push_back(step);
+        steps.emplace_back(m.StdLength(row), m.ChosenBars, pieces, m.ChosenWaste);
     }
     return steps;
 }

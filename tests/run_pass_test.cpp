@@ -12,7 +12,6 @@ namespace {
 
 using testing::Bench;
 using Texts = std::vector<std::string>;
-
 using testing::kTwelveCuts;
 using testing::kTwelveStock;
 

@@ -1,12 +1,13 @@
 // The PDF and the SVG of a solution, read back as a user's tools read them: the pages and text
-// of the PDF by poppler's pdfinfo and pdftotext, the SVG by Qt's renderer.
+// of the PDF by poppler's pdftotext, the SVG by Qt's renderer.
 #include "paint/solution_files.h"
 
 #include <gtest/gtest.h>
 
 #include <QGuiApplication>
 #include <QSvgRenderer>
-#include <cstdio>
+#include <algorithm>
+#include <cstdlib>
 #include <sstream>
 
 #include "files/text_lines.h"
@@ -18,22 +19,14 @@ namespace {
 
 using testing::Bench;
 
-std::string Output(const std::string& command) {
-    std::string output;
-    if (FILE* pipe = popen(command.c_str(), "r")) {
-        char buffer[4096];
-        for (std::size_t n; (n = fread(buffer, 1, sizeof buffer, pipe)) > 0;) {
-            output.append(buffer, n);
-        }
-        pclose(pipe);
-    }
-    return output;
-}
-
-int PdfPages(const std::string& path) {
-    const std::string info = Output("pdfinfo '" + path + "'");
-    const std::size_t at = info.find("Pages:");
-    return at == std::string::npos ? 0 : std::stoi(info.substr(at + 6));
+// The report printed as a PDF with pages of `width` columns, read back by pdftotext, which ends
+// every page with a form feed.
+std::string PrintedText(Bench& bench, const std::string& report, int width) {
+    const std::string pdf = bench.folder.PathOf("plan.pdf");
+    EXPECT_TRUE(WriteSolutionPdf(pdf, {"last.sol", report, width}));
+    const std::string command = "pdftotext -layout '" + pdf + "' '" + pdf + ".txt'";
+    EXPECT_EQ(std::system(command.c_str()), 0) << command;
+    return bench.Read("plan.pdf.txt");
 }
 
 // Runs of blanks as one, so that lines compare however the PDF spaced them.
@@ -46,56 +39,48 @@ std::string Collapsed(const std::string& text) {
     return collapsed;
 }
 
-std::string Report(Bench& bench, const testing::Rows& stock, const testing::Rows& cuts,
-                   const testing::PressOptions& options = {}) {
-    bench.Press(stock, cuts, options);
-    return bench.Read("last.sol");
-}
-
 TEST(SolutionPdf, ANarrowReportIsOnePageAndTheDiagramAnother) {
     Bench bench;
     bench.surface.SetNextInput("U channel Aluminium.");
-    const std::string report =
-        Report(bench, testing::kTwelveStock, testing::kTwelveCuts, {.reference = true});
-    const std::string pdf = bench.folder.PathOf("plan.pdf");
-    ASSERT_TRUE(WriteSolutionPdf(pdf, {"last.sol", report, 66}));
-    EXPECT_EQ(PdfPages(pdf), 2);
-    const std::string text = Collapsed(Output("pdftotext -layout '" + pdf + "' -"));
-    for (const std::string& line : SplitLines(report)) {
-        EXPECT_NE(text.find(Collapsed(line)), std::string::npos) << line;
-    }
-    for (const char* words : {"Page 1 of 2", "Page 2 of 2", "06-Apr-1999", "Cutting diagram",
-                              "Reference: U channel Aluminium."}) {
-        EXPECT_NE(text.find(Collapsed(words)), std::string::npos) << words;
+    bench.Press(testing::kTwelveStock, testing::kTwelveCuts, {.reference = true});
+    const std::string report = bench.Read("last.sol");
+    const std::string text = PrintedText(bench, report, 66);
+    EXPECT_EQ(std::ranges::count(text, '\f'), 2) << "pages";
+    std::vector<std::string> lines = SplitLines(report);
+    lines.insert(lines.end(), {"Page 1 of 2", "Page 2 of 2", "06-Apr-1999", "Cutting diagram",
+                               "Reference: U channel Aluminium."});
+    for (const std::string& line : lines) {
+        EXPECT_NE(Collapsed(text).find(Collapsed(line)), std::string::npos) << line;
     }
 }
 
 TEST(SolutionPdf, AWideReportIsPrintedInSlicesOfThePageWidth) {
     Bench bench;
     const bench::ProblemText metres = bench::WorkedExamples()[0];
-    const std::string report = Report(bench, metres.stock, metres.cuts, {.wasteSummary = true});
+    bench.Press(metres.stock, metres.cuts, {.wasteSummary = true});
+    const std::string report = bench.Read("last.sol");
     const std::vector<std::string> lines = SplitLines(report);
     const std::size_t width = 60;
     const std::size_t slices = (lines.front().size() + width - 1) / width;
     ASSERT_GE(slices, 2u);
-    const std::string pdf = bench.folder.PathOf("wide.pdf");
-    ASSERT_TRUE(WriteSolutionPdf(pdf, {"last.sol", report, static_cast<int>(width)}));
-    EXPECT_GT(PdfPages(pdf), static_cast<int>(slices));
-    const std::string text = Collapsed(Output("pdftotext -layout '" + pdf + "' -"));
+    const std::string text = PrintedText(bench, report, static_cast<int>(width));
+    EXPECT_GT(std::ranges::count(text, '\f'), static_cast<long>(slices)) << "pages";
+    const std::string words = Collapsed(text);
     for (std::size_t slice = 0; slice < slices; ++slice) {
-        EXPECT_NE(text.find("Columns " + std::to_string(slice * width + 1) + " to"),
+        EXPECT_NE(words.find("Columns " + std::to_string(slice * width + 1) + " to"),
                   std::string::npos);
         for (const std::string& line : lines) {
             const std::string part =
                 line.size() > slice * width ? line.substr(slice * width, width) : "";
-            EXPECT_NE(text.find(Collapsed(part)), std::string::npos) << part;
+            EXPECT_NE(words.find(Collapsed(part)), std::string::npos) << part;
         }
     }
 }
 
 TEST(SolutionSvg, TheDiagramParsesAndDraws) {
     Bench bench;
-    const std::string report = Report(bench, {{"6", ""}}, {{"2.5", "4"}, {"1", "2"}});
+    bench.Press({{"6", ""}}, {{"2.5", "4"}, {"1", "2"}});
+    const std::string report = bench.Read("last.sol");
     const std::string svg = bench.folder.PathOf("plan.svg");
     ASSERT_TRUE(WriteDiagramSvg(svg, report));
     const QSvgRenderer renderer(QString::fromStdString(svg));
