@@ -4,7 +4,6 @@
 
 #include <charconv>
 #include <filesystem>
-#include <regex>
 #include <string>
 #include <vector>
 
@@ -28,14 +27,22 @@ std::string Shortest(float value) {
 std::string Tables(std::string_view contents) {
     const ProblemTables t = ReadProblemTables(contents);
     std::string text;
+    int last = 0;
     for (int row = 1; row <= MaxStdLengths; ++row) {
-        text += " " + Shortest(t.StdLength(row)) + "/" + Shortest(t.StdPrice(row));
+        last = t.StdLength(row) != 0 || t.StdPrice(row) != 0 ? row : last;
     }
-    text = std::regex_replace(text, std::regex("( 0/0)+$"), "") + " |";
+    for (int row = 1; row <= last; ++row) {
+        text += Shortest(t.StdLength(row)) + "/" + Shortest(t.StdPrice(row)) + " ";
+    }
+    text += "|";
+    last = 0;
     for (int row = 1; row <= MaxCutLengths; ++row) {
+        last = t.CutLength(row) != 0 || t.CutQty(row) != 0 ? row : last;
+    }
+    for (int row = 1; row <= last; ++row) {
         text += " " + Shortest(t.CutLength(row)) + "x" + std::to_string(t.CutQty(row));
     }
-    return std::regex_replace(text, std::regex("( 0x0)+$"), "").substr(1);
+    return text;
 }
 
 TEST(ReadProblemTables, ReadsFieldsTwoAtATime) {
@@ -68,8 +75,9 @@ TEST(ReadProblemTables, ReadsFieldsTwoAtATime) {
     for (const auto& [contents, tables] : cases) {
         EXPECT_EQ(Tables(contents), tables) << contents;
     }
+}
 
-    // After six standard rows an empty row is the first cutting row; rows past 40 are not read.
+TEST(ReadProblemTables, AnEmptyRowAfterSixStandardRowsIsTheFirstCuttingRow) {
     std::vector<std::string> lines = {"6,1", "5,2", "4,3", "3,4", "2,5", "1,6", ","};
     std::string cuts = "| 0x0";
     for (int row = 2; row <= MaxCutLengths + 5; ++row) {
@@ -83,6 +91,7 @@ TEST(ReadProblemTables, ReadsFieldsTwoAtATime) {
 TEST(WriteProblemText, WritesTheUnbrokenRunsOfRows) {
     Module1 m;
     CutRows<std::string> quantities;
+    EXPECT_EQ(WriteProblemText(m, quantities), " , \r\n");
     // Six standard rows need no separator; a quantity that is no number is written as 0.
     for (int row = 1; row <= MaxStdLengths; ++row) {
         m.StdLength(row) = static_cast<float>(row);
@@ -118,17 +127,11 @@ TEST(ProblemFiles, ClearProblemEmptiesTheEntriesAndTheResults) {
 }
 
 // Save and Load open their dialogs in the application's folder, whatever the current one is.
-TEST(ProblemFiles, SavedProblemLoadsBackAndLoadedValuesWaitForTheNextIntake) {
+TEST(ProblemFiles, SavedProblemLoadsBackIntoTheSameBoxes) {
     const testing::TempFolder work;
     Bench bench;
     DiskFileSystem files(bench.folder.Path(), work.Path());
     EnterProblem(bench);
-    bench.surface.SetNextFileName("");  // Cancel
-    SaveProblem(bench.m, bench.surface, files);
-    EXPECT_EQ(bench.surface.Text({Ctl::txtSL, 1}), "6.126");  // not even read
-    EXPECT_TRUE(bench.folder.FileNames().empty());
-    EXPECT_TRUE(std::filesystem::is_empty(work.Path()));
-
     bench.surface.SetNextFileName(bench.folder.PathOf("job.pro"));
     SaveProblem(bench.m, bench.surface, files);
     EXPECT_EQ(bench.surface.LastDialogFolder(), bench.folder.Path());
@@ -150,11 +153,14 @@ TEST(ProblemFiles, SavedProblemLoadsBackAndLoadedValuesWaitForTheNextIntake) {
     EXPECT_EQ(bench.surface.Text({Ctl::txtSP, 2}), "0");  // shows until the next intake
     EXPECT_EQ(bench.surface.Text({Ctl::txtN, 1}), "121");
     EXPECT_EQ(bench.surface.Text({Ctl::txtL, 3}), "");
+}
 
-    // A number too large for its field is held at the largest value; the intake then refuses it.
+// A number too large for its field is held at the largest value; the intake then refuses it.
+TEST(ProblemFiles, LoadedValuesAreCheckedOnlyByTheNextIntake) {
+    Bench bench;
     bench.files.WriteFile("hand.csv", JoinLines({"1.234,5", "1e39,1e39", ",", "2,0", "3,1e10"}));
     bench.surface.SetNextFileName(bench.folder.PathOf("hand.csv"));
-    LoadProblem(bench.m, bench.surface, files);
+    LoadProblem(bench.m, bench.surface, bench.files);
     EXPECT_EQ(bench.surface.Text({Ctl::txtSL, 1}), "1.234");
     EXPECT_EQ(bench.surface.Text({Ctl::txtSL, 2}), "340282300000000000000000000000000000000");
     EXPECT_EQ(bench.surface.Text({Ctl::txtN, 1}), "0");
@@ -168,6 +174,15 @@ TEST(ProblemFiles, SavedProblemLoadsBackAndLoadedValuesWaitForTheNextIntake) {
     bench.surface.SetText({Ctl::txtN, 1}, "1");
     ReadEntries(bench.m, bench.surface);
     EXPECT_EQ(bench.surface.Focus(), (Control{Ctl::txtL, 2}));
+}
+
+TEST(ProblemFiles, CancelledSaveWritesNothing) {
+    Bench bench;
+    EnterProblem(bench);
+    bench.surface.SetNextFileName("");
+    SaveProblem(bench.m, bench.surface, bench.files);
+    EXPECT_EQ(bench.surface.Text({Ctl::txtSL, 1}), "6.126");  // not even read
+    EXPECT_TRUE(bench.folder.FileNames().empty());
 }
 
 TEST(ProblemFiles, SaveLastProblemWritesInTheCurrentFolderEvenARefusedRow) {
