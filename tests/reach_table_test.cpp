@@ -99,6 +99,10 @@ TEST(ReachTable, RowsKeptFromTheLastBuildAreThoseOfTheNewLengths) {
             for (std::size_t d = 0; d < lengths.size(); ++d) {
                 most[d] = std::min(wanted[d], bar / lengths[d]);
             }
+            // A walk weighs the table before it gives way, or finds the pattern without it.
+            std::vector<int64_t> other = most;
+            other.back() /= 2;
+            table.WorkToBuild(static_cast<int>(lengths.size()), lengths.data(), other.data(), bar);
             ExpectEveryRowExact(table, lengths, most, bar, spacing);
             if (change == 0) {
                 lengths.erase(lengths.begin());
@@ -121,9 +125,10 @@ TEST(ReachTable, RowsByResidueTakeNoSumBeyondTheRowsOfBitsBelowThem) {
     ExpectEveryRowExact(table, {500, 97, 70, 68}, {12, 65, 3, 1}, 6400, 1);
 }
 
-// The walk weighs its tries against the work the table reports: rows that stand from the last
-// build cost nothing, and every read adds to it. Once with rows by residue, once with bits only.
-TEST(ReachTable, WorkCountsTheRowsMadeAndTheReads) {
+// The walk weighs its tries against what the table would cost: rows that stand from the last
+// build cost nothing, and a change in the bottom rows costs more than one in the top row. Once
+// with rows by residue, once with bits only.
+TEST(ReachTable, WorkToBuildLeavesOutTheRowsThatStand) {
     const int64_t bar = 5000;
     for (const std::vector<int64_t>& lengths :
          {std::vector<int64_t>{900, 613, 250, 37, 23}, std::vector<int64_t>{900, 613, 250, 97}}) {
@@ -133,12 +138,17 @@ TEST(ReachTable, WorkCountsTheRowsMadeAndTheReads) {
         }
         const int count = static_cast<int>(lengths.size());
         ReachTable table;
+        const int64_t fresh = table.WorkToBuild(count, lengths.data(), most.data(), bar);
         table.Build(count, lengths.data(), most.data(), bar);
-        EXPECT_GT(table.Work(), 0);
-        table.Build(count, lengths.data(), most.data(), bar);
-        EXPECT_EQ(table.Work(), 0);
-        table.HighestUpTo(1, bar - 1);
-        EXPECT_GT(table.Work(), 0);
+        EXPECT_EQ(table.WorkToBuild(count, lengths.data(), most.data(), bar), 0);
+        std::vector<int64_t> changed = most;
+        changed[1] = 2;
+        const int64_t top = table.WorkToBuild(count, lengths.data(), changed.data(), bar);
+        changed.back() = 40;
+        const int64_t bottom = table.WorkToBuild(count, lengths.data(), changed.data(), bar);
+        EXPECT_GT(fresh, 0);
+        EXPECT_GT(top, 0);
+        EXPECT_LT(top, bottom);
     }
 }
 

@@ -3,8 +3,8 @@
 // best so far: the total cost where every length has a price, else the material left over.
 #pragma once
 
-#include "surface/surface.h"
 #include "state/module1.h"
+#include "surface/surface.h"
 
 namespace brennik {
 

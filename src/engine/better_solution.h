@@ -3,8 +3,8 @@
 // longest first with the bars of the solution beside them.
 #pragma once
 
-#include "surface/surface.h"
 #include "state/module1.h"
+#include "surface/surface.h"
 
 namespace brennik {
 

@@ -3,8 +3,8 @@
 // to two decimals as it is formed.
 #pragma once
 
-#include "surface/surface.h"
 #include "state/module1.h"
+#include "surface/surface.h"
 
 namespace brennik {
 

@@ -45,16 +45,21 @@ int64_t InverseModulo(int64_t value, int64_t modulus) {
 // reachable sums, whose memory grows with the bar: a bit per hundredth for each length.
 constexpr int64_t ReachLimit = int64_t{1} << 24;
 // The most counts a walk on such a bar may try before it gives way to the table: lengths that
-// never fill a bar exactly can make the walk's tree grow beyond any wait. A walk on a short bar
-// gives way sooner, after about as many tries as the table has words to shift, as the table is
-// then cheap; but never before MinWalkBudget, which most walks stay well within.
-// Once a table has answered a search on a bar, the walks of later searches there give way
-// after about as many tries as that table cost.
+// never fill a bar exactly can make the walk's tree grow beyond any wait. A walk gives way
+// sooner, after about as many tries as the table would cost, its rows that stand from the last
+// search left out; but never before MinWalkBudget, which most walks stay well within.
 constexpr int64_t DefaultWalkBudget = 200000;
 constexpr int64_t MinWalkBudget = 2000;
 // The table's work that takes as long as one try of a walk.
 constexpr int64_t WorkPerTry = 80;
 std::atomic<int64_t> walkBudget{DefaultWalkBudget};
+
+// One table per thread, so that searches running side by side never share one; its rows stand
+// from one search to the next.
+ReachTable& ThreadTable() {
+    thread_local ReachTable table;
+    return table;
+}
 
 // One branch-and-bound walk over the lengths still wanted. Counts are visited from high to low
 // with the first length outermost, and a candidate replaces the best only when it wastes
@@ -73,10 +78,10 @@ public:
     }
 
     // Returns the least waste found, or `bar` when no pattern exists; counts in best().
-    // `tableTries` is about what a table on this bar costs, in tries; -1 before one. A table
+    // `lastGaveWay` tells whether the last walk on this bar gave way to the table. A table
     // holds the sums up to `tableTop`, at least the bar, so that the searches on the several
     // bars of a problem build the same table.
-    int64_t Run(int64_t bar, int64_t tableTries, int64_t tableTop) {
+    int64_t Run(int64_t bar, bool lastGaveWay, int64_t tableTop) {
         capacity_[count_] = 0;
         divisor_[count_] = 0;
         shortest_[count_] = bar + 1;
@@ -108,18 +113,18 @@ public:
         budget_ = -1;
         if (bar <= ReachLimit) {
             SetTableCounts(bar, std::min(tableTop, ReachLimit));
-            budget_ = WalkBudget(tableTries);
+            budget_ = WalkBudget(lastGaveWay);
         }
-        tableTries_ = -1;
         Visit(0, bar);
-        if (budget_ >= 0 && tries_ > budget_) {
+        gaveWay_ = budget_ >= 0 && tries_ > budget_;
+        if (gaveWay_) {
             SolveByReach(bar);
         }
         return bestWaste_;
     }
 
-    // What the table of this search cost, in tries; -1 when the walk needed none.
-    int64_t TableTries() const { return tableTries_; }
+    // Whether the walk gave way to the table.
+    bool GaveWay() const { return gaveWay_; }
     int Size() const { return count_; }
     int CutRow(int d) const { return rows_[d]; }
     int64_t BestCount(int d) const { return best_[d]; }
@@ -150,14 +155,15 @@ public:
     }
 
 private:
-    // About as many tries as a table on this bar costs, as the last one there did; before one,
-    // as many as the table would write words or numbers.
-    int64_t WalkBudget(int64_t tableTries) const {
-        const int64_t tableWork = tableTries >= 0 ? tableTries
-                                                  : ReachTable::Cost(count_, length_.data(),
-                                                                     tableMost_.data(), tableTop_);
+    // About as many tries as the table would cost, so that a walk that must give way wastes
+    // no more than the table's own work; a quarter of that after the last walk on the bar gave
+    // way, as the next one mostly does too.
+    int64_t WalkBudget(bool lastGaveWay) const {
+        const int64_t tableTries =
+            ThreadTable().WorkToBuild(count_, length_.data(), tableMost_.data(), tableTop_) /
+            WorkPerTry;
         const int64_t cap = walkBudget.load(std::memory_order_relaxed);
-        return std::min(cap, std::max(MinWalkBudget, tableWork));
+        return std::min(cap, std::max(MinWalkBudget, lastGaveWay ? tableTries / 4 : tableTries));
     }
 
     // Whether lengths depth, depth+1, ... may fill `rest` leaving less than `target` over.
@@ -291,7 +297,7 @@ private:
     // piece of the first length; of the count vectors that make it, the walk's order meets
     // the one with the most pieces of the first length first, then of the second, and so on.
     void SolveByReach(int64_t bar) {
-        thread_local ReachTable reach;
+        ReachTable& reach = ThreadTable();
         reach.Build(count_, length_.data(), tableMost_.data(), tableTop_);
         int64_t bestSum = -1;
         for (int64_t c = std::min(max_[0], bar / length_[0]); c >= 1 && bar - bestSum > floor_;
@@ -310,7 +316,6 @@ private:
         }
         reach.CountsOf(bestSum - best_[0] * length_[0], best_.data());
         bestWaste_ = bar - bestSum;
-        tableTries_ = reach.Work() / WorkPerTry;
     }
 
     void Visit(int depth, int64_t rest) {
@@ -366,7 +371,7 @@ private:
     bool done_ = false;
     int64_t tries_ = 0;
     int64_t budget_ = -1;  // no budget: the bar is too long for the table
-    int64_t tableTries_ = -1;
+    bool gaveWay_ = false;
 };
 
 // What a thread knows of one bar for the cutting lengths of the present problem: how many
@@ -382,15 +387,8 @@ struct BarFacts {
     std::array<int64_t, MaxCutLengths> most{};
     std::array<int64_t, MaxCutLengths> counts{};
     int64_t waste = 0;
-    // What the last table on this bar cost, in tries of a walk (-1 before one), and whether the
-    // last walk here gave way to a table.
-    int64_t tableTries = -1;
+    // Whether the last walk here gave way to a table.
     bool walkGaveWay = false;
-
-    // The tries after which a walk here gives way to the table: as many as the last table cost,
-    // so that a walk that must give way wastes no more than the table's own work; a quarter of
-    // that after a walk here gave way, as the next one mostly does too. -1 before any table.
-    int64_t WalkTries() const { return walkGaveWay ? tableTries / 4 : tableTries; }
 
     bool Answers(int firstWanted, const std::array<int64_t, MaxCutLengths>& limits,
                  int count) const {
@@ -526,12 +524,9 @@ void FindBestPattern(Module1& m, float stdLength, float price, const CutRows<flo
             walk.Recall(*known);
             bestWaste = known->waste;
         } else {
-            bestWaste = walk.Run(bar, facts.WalkTries(), TableTop(m, bar));
+            bestWaste = walk.Run(bar, facts.walkGaveWay, TableTop(m, bar));
             memo.Remember(key, walk.MemoAnswer());
-            facts.walkGaveWay = walk.TableTries() >= 0;
-            if (facts.walkGaveWay) {
-                facts.tableTries = walk.TableTries();
-            }
+            facts.walkGaveWay = walk.GaveWay();
         }
         facts.first = first;
         facts.most = limits;

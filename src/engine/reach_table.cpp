@@ -22,11 +22,14 @@ constexpr int SparseSpacing = 7;
 // of a row of bits: only a far shorter row makes up for it.
 constexpr int64_t ResidueShare = 256;
 // What a number of a row by residue costs beside a word of a row of bits, which the loops go
-// through several at a time, in the work the table counts.
+// through several at a time.
 constexpr int64_t NumberWork = 4;
 // What a count tried in CountsOf costs beside a word of a row of bits: a division, and now and
 // then the reading of a row at one place, mostly out of the cache.
 constexpr int64_t StepWork = 128;
+// The most combinations of the pieces of the lengths put on top of the table that a read of
+// the sums from a later length tries.
+constexpr int64_t MostFewWays = 32;
 
 }  // namespace
 
@@ -57,35 +60,43 @@ int64_t Chunks(int64_t most) {
 
 }  // namespace
 
-int64_t ReachTable::Cost(int count, const int64_t* lengths, const int64_t* most, int64_t bar) {
-    const int modulusRow = ModulusRow(count, lengths, most, bar);
-    const int64_t bitsBar = SumsUpTo(modulusRow + 1, count, lengths, most, bar);
+int64_t ReachTable::RowWork(int d) const {
+    const bool byResidue = ByResidue(d);
+    const int64_t row = byResidue ? NumberWork * modulus_ : bitsBar_ / 64 + 1;
+    const bool anyCount = rowMost_[d] >= bar_ / rowLength_[d] && (byResidue || rowLength_[d] >= 64);
+    return row * (anyCount ? 2 : 1 + Chunks(rowMost_[d]));
+}
+
+int64_t ReachTable::WorkToBuild(int count, const int64_t* lengths, const int64_t* most,
+                                int64_t bar) {
+    int spacing = 0;
+    const int standing = Lay(count, lengths, most, bar, spacing);
+    if (standing >= count - modulusRow_ - 1) {
+        return 0;  // every row of bits stands, and the rows by residue made from them
+    }
     int64_t work = 0;
-    for (int d = 1; d < count; ++d) {
-        const bool byResidue = d <= modulusRow;
-        const int64_t row = byResidue ? lengths[modulusRow] : bitsBar / 64 + 1;
-        const bool anyCount = most[d] >= bar / lengths[d] && (byResidue || lengths[d] >= 64);
-        work += row * (anyCount ? 2 : 1 + Chunks(most[d]));
+    for (int d = 1; d < count - std::max(standing, 0); ++d) {
+        work += RowWork(d);
     }
     return work;
 }
 
-void ReachTable::Build(int count, const int64_t* lengths, const int64_t* most, int64_t bar,
-                       int spacing) {
-    const int lastCount = count_;
+int ReachTable::Lay(int count, const int64_t* lengths, const int64_t* most, int64_t bar,
+                    int& spacing) {
     count_ = count;
-    work_ = 0;
     lengths_ = lengths;
     most_ = most;
     bar_ = bar;
-    modulusRow_ = ModulusRow(count, lengths, most, bar);
-    modulus_ = modulusRow_ > 0 ? lengths[modulusRow_] : 0;
-    bitsBar_ = SumsUpTo(modulusRow_ + 1, count, lengths, most, bar);
+    OrderRows();
+    modulusRow_ = ModulusRow(count, rowLength_.data(), rowMost_.data(), bar);
+    modulus_ = modulusRow_ > 0 ? rowLength_[modulusRow_] : 0;
+    bitsBar_ = SumsUpTo(modulusRow_ + 1, count, rowLength_.data(), rowMost_.data(), bar);
     // The rows of bits from the bottom up, each by its length and the most pieces of it that
     // count up to bitsBar_: rows made from the same ones hold the same sums.
     sources_.assign({bitsBar_});
     for (int d = count - 1; d > modulusRow_; --d) {
-        sources_.insert(sources_.end(), {lengths[d], std::min(most[d], bitsBar_ / lengths[d])});
+        sources_.insert(sources_.end(),
+                        {rowLength_[d], std::min(rowMost_[d], bitsBar_ / rowLength_[d])});
     }
     const int rows = count - modulusRow_;
     if (spacing <= 0) {
@@ -102,14 +113,22 @@ void ReachTable::Build(int count, const int64_t* lengths, const int64_t* most, i
                           (sources_.begin() + 1);
         standing = static_cast<int>(same / 2);
     }
+    return standing;
+}
+
+void ReachTable::Build(int count, const int64_t* lengths, const int64_t* most, int64_t bar,
+                       int spacing) {
+    const int standing = Lay(count, lengths, most, bar, spacing);
+    const int rows = count - modulusRow_;
     if (standing < rows - 1) {
         const int keptStanding = std::max(standing, 0) - std::max(standing, 0) % spacing;
         BuildBits(spacing, keptStanding);
     } else {
         // All stand; the rows between kept ones that were worked out last keep their place
         // counted from the bottom.
-        segmentTop_ += count - lastCount;
+        segmentTop_ += count - builtCount_;
     }
+    builtCount_ = count;
     // The rows by residue stand only on the very rows of bits they were made from.
     if (sources_ != bitsSources_) {
         bitsSources_ = sources_;
@@ -129,16 +148,16 @@ void ReachTable::BuildBits(int spacing, int standing) {
     // Kept rows count, count - spacing, ... down to the lowest; then the rows between two kept
     // ones.
     keptSlots_ = static_cast<std::size_t>((rows - 1) / spacing_ + 1);
-    // Every row but the top one is written whole before it is read.
     const std::size_t size = (keptSlots_ + static_cast<std::size_t>(spacing_ - 1)) * words_;
-    if (bits_.capacity() < size) {
-        // No more than this table needs, with the standing rows carried over.
-        std::vector<uint64_t> grown(size);
+    if (bitsCapacity_ < size) {
+        // No more than this table needs, with the standing rows carried over. Every row is
+        // written whole before it is read, so the new memory is not cleared first.
+        auto grown = std::make_unique_for_overwrite<uint64_t[]>(size);
         const auto kept = static_cast<std::size_t>(standing / spacing_ + 1) * words_;
-        std::copy(bits_.begin(), bits_.begin() + std::min(kept, bits_.size()), grown.begin());
-        bits_.swap(grown);
+        std::copy(bits_.get(), bits_.get() + std::min(kept, bitsCapacity_), grown.get());
+        bits_ = std::move(grown);
+        bitsCapacity_ = size;
     }
-    bits_.resize(size);
     if (standing == 0) {
         std::fill(Slot(0), Slot(0) + words_, 0);
         Slot(0)[0] = 1;
@@ -172,8 +191,8 @@ void ReachTable::BuildResidues() {
     // What each row adds: its length and the most pieces of it, or -1 for any number.
     sources_.clear();
     for (int d = modulusRow_; d >= 1; --d) {
-        const bool anyCount = most_[d] >= bar_ / lengths_[d];
-        sources_.insert(sources_.end(), {lengths_[d], anyCount ? -1 : most_[d]});
+        const bool anyCount = rowMost_[d] >= bar_ / rowLength_[d];
+        sources_.insert(sources_.end(), {rowLength_[d], anyCount ? -1 : rowMost_[d]});
     }
     // Rows stand up to the first whose length or limit differs.
     const auto differs = std::mismatch(sources_.begin(), sources_.end(), residueSources_.begin(),
@@ -187,7 +206,6 @@ void ReachTable::BuildResidues() {
         int32_t* row = least_.data();
         std::fill(row, row + width, None);
         const uint64_t* below = Row(modulusRow_ + 1);
-        work_ += static_cast<int64_t>(words_) + NumberWork * modulus_;
         // The last word may hold bits past bitsBar_: a row adds a length any number of times
         // where that makes the same sums up to bitsBar_, and the pieces beyond its limit land
         // there.
@@ -207,14 +225,13 @@ void ReachTable::BuildResidues() {
         const int d = modulusRow_ - static_cast<int>(k);
         int32_t* row = least_.data() + k * width;
         std::copy(row - width, row, row);
-        work_ += NumberWork * modulus_;
         if (residueSources_[2 * k + 1] < 0) {
-            AddAnyCountToResidues(row, lengths_[d]);
+            AddAnyCountToResidues(row, rowLength_[d]);
         } else {
-            int64_t most = most_[d];
+            int64_t most = rowMost_[d];
             for (int64_t chunk = 1; most > 0; chunk *= 2) {
                 const int64_t take = std::min(chunk, most);
-                AddOnceToResidues(row, take * lengths_[d]);
+                AddOnceToResidues(row, take * rowLength_[d]);
                 most -= take;
             }
         }
@@ -231,7 +248,6 @@ void ReachTable::AddAnyCountToResidues(int32_t* row, int64_t length) {
     if (step == 0) {
         return;  // the last length, taken often enough, makes the same sums
     }
-    work_ += 2 * NumberWork * modulus_;
     const int64_t cycles = std::gcd(step, modulus_);
     const int64_t cycleLength = modulus_ / cycles;
     for (int64_t start = 0; start < cycles; ++start) {
@@ -256,7 +272,6 @@ void ReachTable::AddOnceToResidues(int32_t* row, int64_t length) {
         return;  // the last length, taken often enough, makes the same sums
     }
     const auto width = static_cast<std::size_t>(modulus_);
-    work_ += 2 * NumberWork * modulus_;
     before_.assign(row, row + width);
     const auto shift = static_cast<std::size_t>(step);
     // Residues from `shift` on come from residues `shift` below; the lower ones from the top.
@@ -270,7 +285,7 @@ void ReachTable::AddOnceToResidues(int32_t* row, int64_t length) {
     }
 }
 
-bool ReachTable::Has(int d, int64_t sum) {
+bool ReachTable::RowHas(int d, int64_t sum) {
     if (sum < 0) {
         return false;
     }
@@ -282,7 +297,7 @@ bool ReachTable::Has(int d, int64_t sum) {
     return sum <= bitsBar_ && ((Row(d)[sum / 64] >> (sum % 64)) & 1) != 0;
 }
 
-int64_t ReachTable::HighestUpTo(int d, int64_t limit, int64_t lowest) {
+int64_t ReachTable::RowHighest(int d, int64_t limit, int64_t lowest) {
     if (ByResidue(d)) {
         // The next sum above the highest one is that sum plus the modulus length, so the
         // highest lies less than one such length below the limit. The residue steps down with
@@ -290,12 +305,10 @@ int64_t ReachTable::HighestUpTo(int d, int64_t limit, int64_t lowest) {
         const int32_t* least = least_.data() + static_cast<std::size_t>(modulusRow_ - d) * modulus_;
         for (int64_t sum = limit, residue = limit % modulus_; sum >= lowest; --sum) {
             if (least[residue] <= sum) {
-                work_ += NumberWork * (limit - sum + 1);
                 return sum;
             }
             residue = residue > 0 ? residue - 1 : modulus_ - 1;
         }
-        work_ += NumberWork * (limit - lowest + 1);
         return -1;
     }
     limit = std::min(limit, bitsBar_);
@@ -308,9 +321,87 @@ int64_t ReachTable::HighestUpTo(int d, int64_t limit, int64_t lowest) {
     while (bits == 0 && word > lowest / 64) {
         bits = row[--word];
     }
-    work_ += limit / 64 - word + 1;
     const int64_t highest = bits == 0 ? -1 : word * 64 + 63 - std::countl_zero(bits);
     return highest >= lowest ? highest : -1;
+}
+
+// A few pieces of lengths near the bottom are used up within the next few searches of a press,
+// each changing the rows above theirs. Such lengths, allowed fewer pieces than the bar holds
+// and together in no more than MostFewWays combinations, go to the top rows instead, and every
+// other row keeps its order below them. Row 1 holds the sums of all lengths in any order; the
+// sums of the lengths from one of them on are those of the row of the other lengths from it on,
+// with each combination of its few pieces added.
+void ReachTable::OrderRows() {
+    few_.clear();
+    rowLength_.assign(lengths_, lengths_ + count_);
+    rowMost_.assign(most_, most_ + count_);
+    int64_t ways = 1;
+    for (int d = count_ - 1; d >= 1; --d) {
+        if (most_[d] < bar_ / lengths_[d] && ways * (most_[d] + 1) <= MostFewWays) {
+            ways *= most_[d] + 1;
+            few_.push_back(d);
+        }
+    }
+    std::reverse(few_.begin(), few_.end());
+    othersFrom_.resize(static_cast<std::size_t>(count_) + 1);
+    fewFrom_.resize(static_cast<std::size_t>(count_) + 1);
+    othersFrom_[count_] = count_;
+    fewFrom_[count_] = static_cast<int>(few_.size());
+    int row = count_;
+    auto few = few_.rbegin();
+    for (int d = count_ - 1; d >= 1; --d) {
+        if (few != few_.rend() && *few == d) {
+            ++few;
+        } else {
+            --row;
+            rowLength_[row] = lengths_[d];
+            rowMost_[row] = most_[d];
+        }
+        othersFrom_[d] = row;
+        fewFrom_[d] = static_cast<int>(few_.rend() - few);
+    }
+    for (std::size_t k = 0; k < few_.size(); ++k) {
+        rowLength_[k + 1] = lengths_[few_[k]];
+        rowMost_[k + 1] = most_[few_[k]];
+    }
+}
+
+bool ReachTable::Has(int d, int64_t sum) {
+    return d == 1 ? RowHas(1, sum) : HasWithFew(fewFrom_[d], othersFrom_[d], sum);
+}
+
+int64_t ReachTable::HighestUpTo(int d, int64_t limit, int64_t lowest) {
+    return d == 1
+               ? RowHighest(1, limit, lowest)
+               : HighestWithFew(fewFrom_[d], othersFrom_[d], limit, std::max<int64_t>(lowest, 0));
+}
+
+bool ReachTable::HasWithFew(int k, int row, int64_t sum) {
+    if (k == static_cast<int>(few_.size())) {
+        return RowHas(row, sum);
+    }
+    const int d = few_[k];
+    for (int64_t c = 0; c <= most_[d] && c * lengths_[d] <= sum; ++c) {
+        if (HasWithFew(k + 1, row, sum - c * lengths_[d])) {
+            return true;
+        }
+    }
+    return false;
+}
+
+int64_t ReachTable::HighestWithFew(int k, int row, int64_t limit, int64_t lowest) {
+    if (k == static_cast<int>(few_.size())) {
+        return RowHighest(row, limit, lowest);
+    }
+    const int d = few_[k];
+    int64_t highest = -1;
+    for (int64_t c = 0; c <= most_[d] && c * lengths_[d] <= limit; ++c) {
+        const int64_t pieces = c * lengths_[d];
+        const int64_t from = std::max<int64_t>(std::max(lowest, highest + 1) - pieces, 0);
+        const int64_t below = HighestWithFew(k + 1, row, limit - pieces, from);
+        highest = below >= 0 ? below + pieces : highest;
+    }
+    return highest;
 }
 
 // Row by row, the most pieces of each length that leave a sum of the next row. Where rows
@@ -321,14 +412,15 @@ int64_t ReachTable::HighestUpTo(int d, int64_t limit, int64_t lowest) {
 // all.
 void ReachTable::CountsOf(int64_t sum, int64_t* counts) {
     for (int d = 1; d < count_;) {
-        const int ready = ReadyRow(d + 1);
+        // With lengths on top the rows stand in another order than the lengths: the sums
+        // from a length on are then always read through the rows of the others.
+        const int ready = few_.empty() ? ReadyRow(d + 1) : d + 1;
         if (ready > d + 1) {
             // Each row worked out again reads one row and writes another.
             const int64_t rowsWork = 2 * (ready - d - 1) * static_cast<int64_t>(words_);
             const int64_t budget = rowsWork / StepWork;
             int64_t steps = budget;
             const bool filled = FillUpTo(d, ready, sum, counts, steps);
-            work_ += (budget - std::max<int64_t>(steps, 0)) * StepWork;
             if (filled) {
                 for (; d < ready; ++d) {
                     sum -= counts[d] * lengths_[d];
@@ -372,12 +464,9 @@ bool ReachTable::FillUpTo(int d, int end, int64_t sum, int64_t* counts, int64_t&
 // Where the bar holds no more pieces than `most`, one pass from the bottom up adds any count;
 // otherwise the counts go in doubling chunks, which together make every count up to `most`.
 void ReachTable::AddLength(int d, const uint64_t* from, uint64_t* to) {
-    const int64_t length = lengths_[d];
-    int64_t most = most_[d];
-    const auto words = static_cast<int64_t>(words_);
-    work_ += words;  // the reading of the row below
+    const int64_t length = rowLength_[d];
+    int64_t most = rowMost_[d];
     if (most >= bitsBar_ / length && length >= 64) {
-        work_ += words;
         AddAnyCount(from, to, length);
         return;
     }
@@ -388,7 +477,6 @@ void ReachTable::AddLength(int d, const uint64_t* from, uint64_t* to) {
     for (int64_t chunk = 1; most > 0; chunk *= 2) {
         const int64_t take = std::min(chunk, most);
         AddShifted(from, to, take * length);
-        work_ += words;
         from = to;
         most -= take;
     }

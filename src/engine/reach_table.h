@@ -8,26 +8,29 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 namespace brennik {
 
 class ReachTable {
 public:
-    // Row d (1 <= d <= count) holds the sums that lengths d to count - 1 make with at most
-    // most[i] pieces of lengths[i]; row count holds 0 alone. A large table keeps only every few
-    // rows and works the others out again when they are read, so that its memory grows with
-    // the square root of the number of lengths rather than with the number itself.
-    // `spacing` sets how many rows apart the kept rows stand; 0 leaves it to the table's size.
-    // Rows made from the same lengths and counts as those at the bottom of the last build, up
+    // Has and HighestUpTo read, for d from 1 to count, the sums that lengths d to count - 1 make
+    // with at most most[i] pieces of lengths[i]; for count, 0 alone. The table's rows hold them
+    // in the order of the lengths but for a few lengths that go to the top (see OrderRows). A large
+    // table keeps only every few rows and works the others out again when they are read, so that
+    // its memory grows with the square root of the number of lengths rather than with the number
+    // itself. `spacing` sets how many rows apart the kept rows stand; 0 leaves it to the table's
+    // size. Rows made from the same lengths and counts as those at the bottom of the last build, up
     // to the same highest sum, stand from it: the searches of a press mostly differ from the
     // last one in their first lengths.
     void Build(int count, const int64_t* lengths, const int64_t* most, int64_t bar,
                int spacing = 0);
 
-    // About how many words or numbers Build writes for these lengths: the work beside which a
-    // walk over the counts is the dearer way.
-    static int64_t Cost(int count, const int64_t* lengths, const int64_t* most, int64_t bar);
+    // About how many words or numbers Build would write for these lengths, the rows that stand
+    // from the last build left out: the work beside which a walk over the counts is the dearer
+    // way. The rows already made stay as they are.
+    int64_t WorkToBuild(int count, const int64_t* lengths, const int64_t* most, int64_t bar);
 
     bool Has(int d, int64_t sum);
     // The largest sum of row d from `lowest` to `limit`, or -1 when the row has none there; from
@@ -38,12 +41,23 @@ public:
     // length 2, and so on.
     void CountsOf(int64_t sum, int64_t* counts);
 
-    // The words and numbers written or read since Build began, rows worked out again, the
-    // reading of rows and the counts CountsOf tried included: what the table has cost so far,
-    // beside the tries of a walk.
-    int64_t Work() const { return work_; }
-
 private:
+    // Lays out the rows for these lengths, making none: their order, the rows by residue and
+    // the highest sum of the rows of bits. Returns how many rows of bits of the last build
+    // stand for them, -1 when not even the empty row at the bottom does; `spacing` 0 is set to
+    // the table's size.
+    int Lay(int count, const int64_t* lengths, const int64_t* most, int64_t bar, int& spacing);
+    // Puts the lengths of which only a few pieces are allowed at the top of the table's rows.
+    void OrderRows();
+    // What making row d writes, in words or numbers.
+    int64_t RowWork(int d) const;
+    // Whether `sum`, or the highest sum from `lowest` to `limit` (-1 for none), is one of table
+    // row `row` with pieces of the lengths on top from the k-th on added.
+    bool HasWithFew(int k, int row, int64_t sum);
+    int64_t HighestWithFew(int k, int row, int64_t limit, int64_t lowest);
+    // The same for the sums of table row d alone.
+    bool RowHas(int d, int64_t sum);
+    int64_t RowHighest(int d, int64_t limit, int64_t lowest);
     // The deepest row d >= 1 whose length can go in as often as the bar holds it and is short
     // enough for rows by residue to be the smaller table; 0 when there is none.
     static int ModulusRow(int count, const int64_t* lengths, const int64_t* most, int64_t bar);
@@ -63,7 +77,7 @@ private:
     bool IsKept(int d) const { return (count_ - d) % spacing_ == 0; }
     // The kept row at or above row d, which the rows between it and d are worked out from.
     int KeptAbove(int d) const { return d + (count_ - d) % spacing_; }
-    uint64_t* Slot(std::size_t slot) { return bits_.data() + slot * words_; }
+    uint64_t* Slot(std::size_t slot) { return bits_.get() + slot * words_; }
     uint64_t* Row(int d);
     // The first row from d on that is read without working rows out again.
     int ReadyRow(int d) const;
@@ -77,18 +91,27 @@ private:
     void AddAnyCount(const uint64_t* from, uint64_t* to, int64_t shift);
 
     int count_ = 0;
-    int64_t work_ = 0;
+    int builtCount_ = 0;  // the count of the last build, whose rows the table holds
     int modulusRow_ = 0;  // rows 1 to this one go by residue
     int spacing_ = 1;
     std::size_t keptSlots_ = 0;
-    int segmentTop_ = 0;  // the kept row whose rows below are in the spare slots
-    const int64_t* lengths_ = nullptr;
+    int segmentTop_ = 0;                // the kept row whose rows below are in the spare slots
+    const int64_t* lengths_ = nullptr;  // in the order of the search
     const int64_t* most_ = nullptr;
+    // The lengths and most pieces of each row of the table, and the lengths on top by their
+    // place in the search's order; for each place d, the first row of the other lengths from d
+    // on, and the first of the lengths on top from d on.
+    std::vector<int64_t> rowLength_;
+    std::vector<int64_t> rowMost_;
+    std::vector<int> few_;
+    std::vector<int> othersFrom_;
+    std::vector<int> fewFrom_;
     int64_t bar_ = 0;
     int64_t bitsBar_ = 0;  // the highest sum that a row of bits holds
     std::size_t words_ = 0;
-    std::vector<uint64_t> bits_;
-    int64_t modulus_ = 0;  // the length of the modulus row; 0 when no row goes by residue
+    std::unique_ptr<uint64_t[]> bits_;
+    std::size_t bitsCapacity_ = 0;  // in words
+    int64_t modulus_ = 0;           // the length of the modulus row; 0 when no row goes by residue
     std::vector<int32_t> least_;
     std::vector<int32_t> before_;  // a row by residue before a chunk is added
     // A least sum that stands for none. Sums past the bar are kept below it like any other, so
