@@ -74,15 +74,28 @@ TEST(FindBestPattern, WorkedCasesAndTheirEdges) {
     }
 }
 
+// How the random problems are drawn: how many, the shortest bar, how many lengths, the shortest
+// length in hundredths and the most pieces wanted of each; and whether every other search is
+// answered by the table, so that the walks between read the table of the search before them.
+struct Draw {
+    int problems = 2000;
+    int shortestBar = 200;
+    int fewestLengths = 1;
+    int mostLengths = 8;
+    int shortest = 40;
+    int mostWanted = 12;
+    bool tablesBetween = false;
+};
+
 // Random problems with two-decimal lengths, checked call by call against the complete
 // enumeration: the whole state a pass goes through, not only its first step.
-void CheckAgainstTheCompleteEnumeration() {
+void CheckAgainstTheCompleteEnumeration(const Draw& draw = {}) {
     std::mt19937 random(20261122);
     auto uniform = [&](int low, int high) {
         return std::uniform_int_distribution<int>(low, high)(random);
     };
     int callsChecked = 0;
-    for (int problem = 0; problem < 2000;) {
+    for (int problem = 0; problem < draw.problems;) {
         // Lengths in hundredths with a chosen grain, so that exact and near fills both occur;
         // half of the lists are offset from the grain, so that every sum of a number of pieces
         // falls in one residue of it, as with lengths in arithmetic progression.
@@ -90,13 +103,14 @@ void CheckAgainstTheCompleteEnumeration() {
         const int offset = uniform(0, 1) == 1 ? uniform(0, grain - 1) : 0;
         float bars[3];
         for (float& bar : bars) {
-            bar = static_cast<float>(uniform(200, 1500) / grain * grain) / 100.0f;
+            bar = static_cast<float>(uniform(draw.shortestBar, 1500) / grain * grain) / 100.0f;
         }
         Cuts list;
         double combinations = 1;
-        for (int i = uniform(1, 8); i > 0; --i) {
-            const int hundredths = std::max(grain, uniform(40, 1200) / grain * grain) + offset;
-            list.emplace_back(static_cast<float>(hundredths) / 100.0f, uniform(1, 12));
+        for (int i = uniform(draw.fewestLengths, draw.mostLengths); i > 0; --i) {
+            const int hundredths =
+                std::max(grain, uniform(draw.shortest, 1200) / grain * grain) + offset;
+            list.emplace_back(static_cast<float>(hundredths) / 100.0f, uniform(1, draw.mostWanted));
             combinations *= std::min<double>(list.back().second, 1500.0 / hundredths) + 1;
         }
         if (combinations > 3e5) {
@@ -114,6 +128,9 @@ void CheckAgainstTheCompleteEnumeration() {
             for (int r = 1; r <= 3; ++r) {
                 const float bar = bars[r - 1];
                 const float price = static_cast<float>(uniform(0, 3000)) / 100.0f;
+                if (draw.tablesBetween) {
+                    SetWalkBudget(callsChecked % 2 == 0 ? 0 : -1);
+                }
                 ASSERT_EQ(Search(&FindBestPattern, m, bar, price, r),
                           Search(&testing::PlainFindBestPattern, m, bar, price, r))
                     << "problem " << problem << ", bar " << bar << ", price " << price;
@@ -131,7 +148,7 @@ void CheckAgainstTheCompleteEnumeration() {
             }
         }
     }
-    EXPECT_GT(callsChecked, 20000);
+    EXPECT_GT(callsChecked, 10 * draw.problems);
 }
 
 TEST(FindBestPattern, AgreesWithTheCompleteEnumerationOnRandomProblems) {
@@ -143,6 +160,21 @@ TEST(FindBestPattern, TableOfReachableSumsAgreesWithTheCompleteEnumeration) {
     SetWalkBudget(0);  // every search answered by the table
     ForgetPatterns();
     CheckAgainstTheCompleteEnumeration();
+    SetWalkBudget(-1);
+    ForgetPatterns();
+}
+
+// Lists of ten to twelve lengths, long enough for a walk to read the table of the search
+// before it to rule out counts, whose pieces run out between the two searches.
+TEST(FindBestPattern, WalksReadingAnEarlierTableAgreeWithTheCompleteEnumeration) {
+    ForgetPatterns();
+    CheckAgainstTheCompleteEnumeration({.problems = 300,
+                                        .shortestBar = 1000,
+                                        .fewestLengths = 10,
+                                        .mostLengths = 12,
+                                        .shortest = 100,
+                                        .mostWanted = 2,
+                                        .tablesBetween = true});
     SetWalkBudget(-1);
     ForgetPatterns();
 }

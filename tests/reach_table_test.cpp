@@ -117,6 +117,53 @@ TEST(ReachTable, RowsKeptFromTheLastBuildAreThoseOfTheNewLengths) {
     }
 }
 
+// A search whose lengths are those of the last build, some used up and others allowed fewer
+// pieces, on a bar no longer, may read the built rows as holding every sum it can make; one
+// that allows more pieces of a length, holds a length the build did not, or has a longer bar
+// may not.
+TEST(ReachTable, CoveringRowsHoldEverySumOfTheLengthsLeft) {
+    std::mt19937 random(41);
+    ReachTable table;
+    for (int trial = 0; trial < 60; ++trial) {
+        SCOPED_TRACE("trial " + std::to_string(trial));
+        const int64_t bar = 600 + static_cast<int64_t>(random() % 900);
+        const int count = 3 + static_cast<int>(random() % 9);
+        std::vector<int64_t> lengths(count), most(count);
+        for (int d = 0; d < count; ++d) {
+            lengths[d] = 20 + 45 * d + static_cast<int64_t>(random() % 40);  // all different
+            most[d] = random() % 3 == 0 ? bar / lengths[d] : random() % 5;
+        }
+        table.Build(count, lengths.data(), most.data(), bar);
+        std::vector<int64_t> left{lengths[0]}, leftMost{most[0]}, builtMost{most[0]};
+        for (int d = 1; d < count; ++d) {
+            if (random() % 3 != 0) {
+                left.push_back(lengths[d]);
+                leftMost.push_back(static_cast<int64_t>(random() % (most[d] + 1)));
+                builtMost.push_back(most[d]);
+            }
+        }
+        const int leftCount = static_cast<int>(left.size());
+        const int64_t shorter = bar - static_cast<int64_t>(random() % 100);
+        std::vector<int> rows(leftCount);
+        ASSERT_TRUE(table.Covers(leftCount, left.data(), leftMost.data(), shorter, rows.data()));
+        const auto sums = SumsBySuffix(left, leftMost, shorter);
+        for (int d = 1; d < leftCount; ++d) {
+            for (int64_t sum = 0; sum <= shorter; ++sum) {
+                ASSERT_TRUE(!sums[d][sum] || table.Has(rows[d], sum)) << "row " << d << ", " << sum;
+            }
+        }
+        EXPECT_FALSE(table.Covers(leftCount, left.data(), leftMost.data(), bar + 1, rows.data()));
+        if (leftCount > 1) {
+            std::vector<int64_t> more = leftMost;
+            more.back() = builtMost.back() + 1;
+            EXPECT_FALSE(table.Covers(leftCount, left.data(), more.data(), bar, rows.data()));
+            std::vector<int64_t> other = left;
+            other.back() = 5;
+            EXPECT_FALSE(table.Covers(leftCount, other.data(), leftMost.data(), bar, rows.data()));
+        }
+    }
+}
+
 // Below the modulus row, 70 goes in 3 times at most, which is as often as the 278 that its
 // row can make holds it: its row adds it any number of times, and the fourth piece, 280, lies in
 // the row's last word beyond 278. The row by residue above must not take it for a sum.

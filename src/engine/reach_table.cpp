@@ -60,57 +60,80 @@ int64_t Chunks(int64_t most) {
 
 }  // namespace
 
-int64_t ReachTable::RowWork(int d) const {
-    const bool byResidue = ByResidue(d);
-    const int64_t row = byResidue ? NumberWork * modulus_ : bitsBar_ / 64 + 1;
-    const bool anyCount = rowMost_[d] >= bar_ / rowLength_[d] && (byResidue || rowLength_[d] >= 64);
-    return row * (anyCount ? 2 : 1 + Chunks(rowMost_[d]));
+int64_t ReachTable::RowWork(const Layout& layout, int d) {
+    const bool byResidue = d <= layout.modulusRow;
+    const int64_t row = byResidue ? NumberWork * layout.modulus : layout.bitsBar / 64 + 1;
+    const int64_t length = layout.rowLength[d];
+    const int64_t most = layout.rowMost[d];
+    const bool anyCount = most >= layout.bar / length && (byResidue || length >= 64);
+    return row * (anyCount ? 2 : 1 + Chunks(most));
 }
 
 int64_t ReachTable::WorkToBuild(int count, const int64_t* lengths, const int64_t* most,
                                 int64_t bar) {
     int spacing = 0;
-    const int standing = Lay(count, lengths, most, bar, spacing);
-    if (standing >= count - modulusRow_ - 1) {
+    const int standing = Lay(count, lengths, most, bar, spacing, planned_);
+    if (standing >= count - planned_.modulusRow - 1) {
         return 0;  // every row of bits stands, and the rows by residue made from them
     }
     int64_t work = 0;
     for (int d = 1; d < count - std::max(standing, 0); ++d) {
-        work += RowWork(d);
+        work += RowWork(planned_, d);
     }
     return work;
 }
 
-int ReachTable::Lay(int count, const int64_t* lengths, const int64_t* most, int64_t bar,
-                    int& spacing) {
-    count_ = count;
-    lengths_ = lengths;
-    most_ = most;
-    bar_ = bar;
-    OrderRows();
-    modulusRow_ = ModulusRow(count, rowLength_.data(), rowMost_.data(), bar);
-    modulus_ = modulusRow_ > 0 ? rowLength_[modulusRow_] : 0;
-    bitsBar_ = SumsUpTo(modulusRow_ + 1, count, rowLength_.data(), rowMost_.data(), bar);
-    // The rows of bits from the bottom up, each by its length and the most pieces of it that
-    // count up to bitsBar_: rows made from the same ones hold the same sums.
-    sources_.assign({bitsBar_});
-    for (int d = count - 1; d > modulusRow_; --d) {
-        sources_.insert(sources_.end(),
-                        {rowLength_[d], std::min(rowMost_[d], bitsBar_ / rowLength_[d])});
+bool ReachTable::Covers(int count, const int64_t* lengths, const int64_t* most, int64_t bar,
+                        int* rows) const {
+    if (bar > built_.bar) {
+        return false;  // the rows hold no sums above their own bar
     }
-    const int rows = count - modulusRow_;
+    int at = 1;
+    for (int d = 1; d < count; ++d) {
+        while (at < built_.count &&
+               (built_.length[at] != lengths[d] || built_.most[at] < most[d])) {
+            ++at;
+        }
+        if (at == built_.count) {
+            return false;
+        }
+        rows[d] = at++;
+    }
+    return true;
+}
+
+int ReachTable::Lay(int count, const int64_t* lengths, const int64_t* most, int64_t bar,
+                    int& spacing, Layout& into) const {
+    into.count = count;
+    into.bar = bar;
+    into.length.assign(lengths, lengths + count);
+    into.most.assign(most, most + count);
+    OrderRows(into);
+    const int64_t* rowLength = into.rowLength.data();
+    const int64_t* rowMost = into.rowMost.data();
+    into.modulusRow = ModulusRow(count, rowLength, rowMost, bar);
+    into.modulus = into.modulusRow > 0 ? rowLength[into.modulusRow] : 0;
+    into.bitsBar = SumsUpTo(into.modulusRow + 1, count, rowLength, rowMost, bar);
+    // The rows of bits from the bottom up, each by its length and the most pieces of it that
+    // count up to the highest sum: rows made from the same ones hold the same sums.
+    into.sources.assign({into.bitsBar});
+    for (int d = count - 1; d > into.modulusRow; --d) {
+        into.sources.insert(into.sources.end(),
+                            {rowLength[d], std::min(rowMost[d], into.bitsBar / rowLength[d])});
+    }
+    const int rows = count - into.modulusRow;
     if (spacing <= 0) {
-        const auto words = static_cast<std::size_t>(bitsBar_ / 64 + 1);
+        const auto words = static_cast<std::size_t>(into.bitsBar / 64 + 1);
         spacing = static_cast<std::size_t>(rows) * words <= KeptWords ? 1 : SparseSpacing;
     }
     // The rows of the last build stand up to the first made otherwise, when they were kept as
     // far apart; -1 when not even the empty row at the bottom does.
     int standing = -1;
-    if (spacing == spacing_ && !bitsSources_.empty() && bitsSources_[0] == bitsBar_) {
-        const auto same = std::mismatch(sources_.begin() + 1, sources_.end(),
+    if (spacing == spacing_ && !bitsSources_.empty() && bitsSources_[0] == into.bitsBar) {
+        const auto same = std::mismatch(into.sources.begin() + 1, into.sources.end(),
                                         bitsSources_.begin() + 1, bitsSources_.end())
                               .first -
-                          (sources_.begin() + 1);
+                          (into.sources.begin() + 1);
         standing = static_cast<int>(same / 2);
     }
     return standing;
@@ -118,8 +141,9 @@ int ReachTable::Lay(int count, const int64_t* lengths, const int64_t* most, int6
 
 void ReachTable::Build(int count, const int64_t* lengths, const int64_t* most, int64_t bar,
                        int spacing) {
-    const int standing = Lay(count, lengths, most, bar, spacing);
-    const int rows = count - modulusRow_;
+    const int standing = Lay(count, lengths, most, bar, spacing, planned_);
+    std::swap(built_, planned_);
+    const int rows = count - built_.modulusRow;
     if (standing < rows - 1) {
         const int keptStanding = std::max(standing, 0) - std::max(standing, 0) % spacing;
         BuildBits(spacing, keptStanding);
@@ -130,11 +154,11 @@ void ReachTable::Build(int count, const int64_t* lengths, const int64_t* most, i
     }
     builtCount_ = count;
     // The rows by residue stand only on the very rows of bits they were made from.
-    if (sources_ != bitsSources_) {
-        bitsSources_ = sources_;
+    if (built_.sources != bitsSources_) {
+        bitsSources_ = built_.sources;
         residueSources_.clear();
     }
-    if (modulusRow_ > 0) {
+    if (built_.modulusRow > 0) {
         BuildResidues();
     }
 }
@@ -142,8 +166,8 @@ void ReachTable::Build(int count, const int64_t* lengths, const int64_t* most, i
 // The rows of bits, count down to the one below the modulus row (to row 1 without one), the
 // lowest `standing` of them, a kept one last, standing from the last build.
 void ReachTable::BuildBits(int spacing, int standing) {
-    const int rows = count_ - modulusRow_;
-    words_ = static_cast<std::size_t>(bitsBar_ / 64 + 1);
+    const int rows = built_.count - built_.modulusRow;
+    words_ = static_cast<std::size_t>(built_.bitsBar / 64 + 1);
     spacing_ = spacing;
     // Kept rows count, count - spacing, ... down to the lowest; then the rows between two kept
     // ones.
@@ -162,8 +186,8 @@ void ReachTable::BuildBits(int spacing, int standing) {
         std::fill(Slot(0), Slot(0) + words_, 0);
         Slot(0)[0] = 1;
     }
-    segmentTop_ = count_ - standing;
-    for (int d = count_ - standing - 1; d > modulusRow_; --d) {
+    segmentTop_ = built_.count - standing;
+    for (int d = built_.count - standing - 1; d > built_.modulusRow; --d) {
         segmentTop_ = KeptAbove(d + 1);  // the spare slots now fill with this segment's rows
         AddLength(d, Row(d + 1), Row(d));
     }
@@ -171,67 +195,68 @@ void ReachTable::BuildBits(int spacing, int standing) {
 
 uint64_t* ReachTable::Row(int d) {
     if (IsKept(d)) {
-        return Slot(static_cast<std::size_t>((count_ - d) / spacing_));
+        return Slot(static_cast<std::size_t>((built_.count - d) / spacing_));
     }
     const int top = KeptAbove(d);
     if (top != segmentTop_) {
         segmentTop_ = top;
-        for (int r = top - 1; r >= std::max(modulusRow_ + 1, top - spacing_ + 1); --r) {
+        for (int r = top - 1; r >= std::max(built_.modulusRow + 1, top - spacing_ + 1); --r) {
             AddLength(r, Row(r + 1), Row(r));
         }
     }
     return Slot(keptSlots_ + static_cast<std::size_t>(top - d - 1));
 }
 
-// Row k of least_ is row modulusRow_ - k of the table: the modulus row first, then each row
+// Row k of least_ is row built_.modulusRow - k of the table: the modulus row first, then each row
 // above it, so that the rows shared with the last build stand where it left them.
 void ReachTable::BuildResidues() {
-    const auto width = static_cast<std::size_t>(modulus_);
-    least_.resize(static_cast<std::size_t>(modulusRow_) * width);
+    const auto width = static_cast<std::size_t>(built_.modulus);
+    least_.resize(static_cast<std::size_t>(built_.modulusRow) * width);
     // What each row adds: its length and the most pieces of it, or -1 for any number.
-    sources_.clear();
-    for (int d = modulusRow_; d >= 1; --d) {
-        const bool anyCount = rowMost_[d] >= bar_ / rowLength_[d];
-        sources_.insert(sources_.end(), {rowLength_[d], anyCount ? -1 : rowMost_[d]});
+    built_.sources.clear();
+    for (int d = built_.modulusRow; d >= 1; --d) {
+        const bool anyCount = built_.rowMost[d] >= built_.bar / built_.rowLength[d];
+        built_.sources.insert(built_.sources.end(),
+                              {built_.rowLength[d], anyCount ? -1 : built_.rowMost[d]});
     }
     // Rows stand up to the first whose length or limit differs.
-    const auto differs = std::mismatch(sources_.begin(), sources_.end(), residueSources_.begin(),
-                                       residueSources_.end())
+    const auto differs = std::mismatch(built_.sources.begin(), built_.sources.end(),
+                                       residueSources_.begin(), residueSources_.end())
                              .first;
-    auto standing = static_cast<std::size_t>(differs - sources_.begin()) / 2;
-    residueSources_ = sources_;
+    auto standing = static_cast<std::size_t>(differs - built_.sources.begin()) / 2;
+    residueSources_ = built_.sources;
     if (standing == 0) {
         // The modulus row holds the sums of the rows of bits below it, and their sums with
         // any count of the modulus length.
         int32_t* row = least_.data();
         std::fill(row, row + width, None);
-        const uint64_t* below = Row(modulusRow_ + 1);
-        // The last word may hold bits past bitsBar_: a row adds a length any number of times
-        // where that makes the same sums up to bitsBar_, and the pieces beyond its limit land
+        const uint64_t* below = Row(built_.modulusRow + 1);
+        // The last word may hold bits past built_.bitsBar: a row adds a length any number of times
+        // where that makes the same sums up to built_.bitsBar, and the pieces beyond its limit land
         // there.
-        const uint64_t lastWord = ~uint64_t{0} >> (63 - bitsBar_ % 64);
+        const uint64_t lastWord = ~uint64_t{0} >> (63 - built_.bitsBar % 64);
         for (std::size_t word = 0; word < words_; ++word) {
             for (uint64_t bits = below[word] & (word + 1 < words_ ? ~uint64_t{0} : lastWord);
                  bits != 0; bits &= bits - 1) {
                 const auto sum = static_cast<int64_t>(word * 64) + std::countr_zero(bits);
-                int32_t& least = row[static_cast<std::size_t>(sum % modulus_)];
+                int32_t& least = row[static_cast<std::size_t>(sum % built_.modulus)];
                 least = std::min(least, static_cast<int32_t>(sum));
             }
         }
         standing = 1;
     }
     // Each row above adds its length to the row below.
-    for (auto k = standing; k < static_cast<std::size_t>(modulusRow_); ++k) {
-        const int d = modulusRow_ - static_cast<int>(k);
+    for (auto k = standing; k < static_cast<std::size_t>(built_.modulusRow); ++k) {
+        const int d = built_.modulusRow - static_cast<int>(k);
         int32_t* row = least_.data() + k * width;
         std::copy(row - width, row, row);
         if (residueSources_[2 * k + 1] < 0) {
-            AddAnyCountToResidues(row, rowLength_[d]);
+            AddAnyCountToResidues(row, built_.rowLength[d]);
         } else {
-            int64_t most = rowMost_[d];
+            int64_t most = built_.rowMost[d];
             for (int64_t chunk = 1; most > 0; chunk *= 2) {
                 const int64_t take = std::min(chunk, most);
-                AddOnceToResidues(row, take * rowLength_[d]);
+                AddOnceToResidues(row, take * built_.rowLength[d]);
                 most -= take;
             }
         }
@@ -244,20 +269,20 @@ void ReachTable::BuildResidues() {
 // least one of its cycle. A residue without a sum stays at None. The sum carried round stays in
 // a register, so that each step waits on an addition and a comparison, not on the store before.
 void ReachTable::AddAnyCountToResidues(int32_t* row, int64_t length) {
-    const int64_t step = length % modulus_;
+    const int64_t step = length % built_.modulus;
     if (step == 0) {
         return;  // the last length, taken often enough, makes the same sums
     }
-    const int64_t cycles = std::gcd(step, modulus_);
-    const int64_t cycleLength = modulus_ / cycles;
+    const int64_t cycles = std::gcd(step, built_.modulus);
+    const int64_t cycleLength = built_.modulus / cycles;
     for (int64_t start = 0; start < cycles; ++start) {
         int64_t from = start;
-        for (int64_t r = start + cycles; r < modulus_; r += cycles) {
+        for (int64_t r = start + cycles; r < built_.modulus; r += cycles) {
             from = row[r] < row[from] ? r : from;
         }
         int64_t carried = row[from];
         for (int64_t k = 1, r = from + step; k < cycleLength; ++k, r += step) {
-            r -= r >= modulus_ ? modulus_ : 0;
+            r -= r >= built_.modulus ? built_.modulus : 0;
             carried = std::min<int64_t>(carried + length, row[r]);
             row[r] = static_cast<int32_t>(carried);
         }
@@ -267,11 +292,11 @@ void ReachTable::AddAnyCountToResidues(int32_t* row, int64_t length) {
 // Adds one piece of `length` (a chunk of several pieces of one length) to a row by residue:
 // every residue may also be reached from the one `length` below it, as the row stood before.
 void ReachTable::AddOnceToResidues(int32_t* row, int64_t length) {
-    const int64_t step = length % modulus_;
+    const int64_t step = length % built_.modulus;
     if (step == 0) {
         return;  // the last length, taken often enough, makes the same sums
     }
-    const auto width = static_cast<std::size_t>(modulus_);
+    const auto width = static_cast<std::size_t>(built_.modulus);
     before_.assign(row, row + width);
     const auto shift = static_cast<std::size_t>(step);
     // Residues from `shift` on come from residues `shift` below; the lower ones from the top.
@@ -290,11 +315,11 @@ bool ReachTable::RowHas(int d, int64_t sum) {
         return false;
     }
     if (ByResidue(d)) {
-        const auto width = static_cast<std::size_t>(modulus_);
-        return least_[static_cast<std::size_t>(modulusRow_ - d) * width +
-                      static_cast<std::size_t>(sum % modulus_)] <= sum;
+        const auto width = static_cast<std::size_t>(built_.modulus);
+        return least_[static_cast<std::size_t>(built_.modulusRow - d) * width +
+                      static_cast<std::size_t>(sum % built_.modulus)] <= sum;
     }
-    return sum <= bitsBar_ && ((Row(d)[sum / 64] >> (sum % 64)) & 1) != 0;
+    return sum <= built_.bitsBar && ((Row(d)[sum / 64] >> (sum % 64)) & 1) != 0;
 }
 
 int64_t ReachTable::RowHighest(int d, int64_t limit, int64_t lowest) {
@@ -302,16 +327,17 @@ int64_t ReachTable::RowHighest(int d, int64_t limit, int64_t lowest) {
         // The next sum above the highest one is that sum plus the modulus length, so the
         // highest lies less than one such length below the limit. The residue steps down with
         // the sum.
-        const int32_t* least = least_.data() + static_cast<std::size_t>(modulusRow_ - d) * modulus_;
-        for (int64_t sum = limit, residue = limit % modulus_; sum >= lowest; --sum) {
+        const int32_t* least =
+            least_.data() + static_cast<std::size_t>(built_.modulusRow - d) * built_.modulus;
+        for (int64_t sum = limit, residue = limit % built_.modulus; sum >= lowest; --sum) {
             if (least[residue] <= sum) {
                 return sum;
             }
-            residue = residue > 0 ? residue - 1 : modulus_ - 1;
+            residue = residue > 0 ? residue - 1 : built_.modulus - 1;
         }
         return -1;
     }
-    limit = std::min(limit, bitsBar_);
+    limit = std::min(limit, built_.bitsBar);
     if (limit < lowest) {
         return -1;
     }
@@ -331,58 +357,62 @@ int64_t ReachTable::RowHighest(int d, int64_t limit, int64_t lowest) {
 // other row keeps its order below them. Row 1 holds the sums of all lengths in any order; the
 // sums of the lengths from one of them on are those of the row of the other lengths from it on,
 // with each combination of its few pieces added.
-void ReachTable::OrderRows() {
-    few_.clear();
-    rowLength_.assign(lengths_, lengths_ + count_);
-    rowMost_.assign(most_, most_ + count_);
+void ReachTable::OrderRows(Layout& layout) {
+    const int count = layout.count;
+    const std::vector<int64_t>& length = layout.length;
+    const std::vector<int64_t>& most = layout.most;
+    std::vector<int>& few = layout.few;
+    few.clear();
+    layout.rowLength = length;
+    layout.rowMost = most;
     int64_t ways = 1;
-    for (int d = count_ - 1; d >= 1; --d) {
-        if (most_[d] < bar_ / lengths_[d] && ways * (most_[d] + 1) <= MostFewWays) {
-            ways *= most_[d] + 1;
-            few_.push_back(d);
+    for (int d = count - 1; d >= 1; --d) {
+        if (most[d] < layout.bar / length[d] && ways * (most[d] + 1) <= MostFewWays) {
+            ways *= most[d] + 1;
+            few.push_back(d);
         }
     }
-    std::reverse(few_.begin(), few_.end());
-    othersFrom_.resize(static_cast<std::size_t>(count_) + 1);
-    fewFrom_.resize(static_cast<std::size_t>(count_) + 1);
-    othersFrom_[count_] = count_;
-    fewFrom_[count_] = static_cast<int>(few_.size());
-    int row = count_;
-    auto few = few_.rbegin();
-    for (int d = count_ - 1; d >= 1; --d) {
-        if (few != few_.rend() && *few == d) {
-            ++few;
+    std::reverse(few.begin(), few.end());
+    layout.othersFrom.resize(static_cast<std::size_t>(count) + 1);
+    layout.fewFrom.resize(static_cast<std::size_t>(count) + 1);
+    layout.othersFrom[count] = count;
+    layout.fewFrom[count] = static_cast<int>(few.size());
+    int row = count;
+    auto next = few.rbegin();
+    for (int d = count - 1; d >= 1; --d) {
+        if (next != few.rend() && *next == d) {
+            ++next;
         } else {
             --row;
-            rowLength_[row] = lengths_[d];
-            rowMost_[row] = most_[d];
+            layout.rowLength[row] = length[d];
+            layout.rowMost[row] = most[d];
         }
-        othersFrom_[d] = row;
-        fewFrom_[d] = static_cast<int>(few_.rend() - few);
+        layout.othersFrom[d] = row;
+        layout.fewFrom[d] = static_cast<int>(few.rend() - next);
     }
-    for (std::size_t k = 0; k < few_.size(); ++k) {
-        rowLength_[k + 1] = lengths_[few_[k]];
-        rowMost_[k + 1] = most_[few_[k]];
+    for (std::size_t k = 0; k < few.size(); ++k) {
+        layout.rowLength[k + 1] = length[few[k]];
+        layout.rowMost[k + 1] = most[few[k]];
     }
 }
 
 bool ReachTable::Has(int d, int64_t sum) {
-    return d == 1 ? RowHas(1, sum) : HasWithFew(fewFrom_[d], othersFrom_[d], sum);
+    return d == 1 ? RowHas(1, sum) : HasWithFew(built_.fewFrom[d], built_.othersFrom[d], sum);
 }
 
 int64_t ReachTable::HighestUpTo(int d, int64_t limit, int64_t lowest) {
-    return d == 1
-               ? RowHighest(1, limit, lowest)
-               : HighestWithFew(fewFrom_[d], othersFrom_[d], limit, std::max<int64_t>(lowest, 0));
+    return d == 1 ? RowHighest(1, limit, lowest)
+                  : HighestWithFew(built_.fewFrom[d], built_.othersFrom[d], limit,
+                                   std::max<int64_t>(lowest, 0));
 }
 
 bool ReachTable::HasWithFew(int k, int row, int64_t sum) {
-    if (k == static_cast<int>(few_.size())) {
+    if (k == static_cast<int>(built_.few.size())) {
         return RowHas(row, sum);
     }
-    const int d = few_[k];
-    for (int64_t c = 0; c <= most_[d] && c * lengths_[d] <= sum; ++c) {
-        if (HasWithFew(k + 1, row, sum - c * lengths_[d])) {
+    const int d = built_.few[k];
+    for (int64_t c = 0; c <= built_.most[d] && c * built_.length[d] <= sum; ++c) {
+        if (HasWithFew(k + 1, row, sum - c * built_.length[d])) {
             return true;
         }
     }
@@ -390,13 +420,13 @@ bool ReachTable::HasWithFew(int k, int row, int64_t sum) {
 }
 
 int64_t ReachTable::HighestWithFew(int k, int row, int64_t limit, int64_t lowest) {
-    if (k == static_cast<int>(few_.size())) {
+    if (k == static_cast<int>(built_.few.size())) {
         return RowHighest(row, limit, lowest);
     }
-    const int d = few_[k];
+    const int d = built_.few[k];
     int64_t highest = -1;
-    for (int64_t c = 0; c <= most_[d] && c * lengths_[d] <= limit; ++c) {
-        const int64_t pieces = c * lengths_[d];
+    for (int64_t c = 0; c <= built_.most[d] && c * built_.length[d] <= limit; ++c) {
+        const int64_t pieces = c * built_.length[d];
         const int64_t from = std::max<int64_t>(std::max(lowest, highest + 1) - pieces, 0);
         const int64_t below = HighestWithFew(k + 1, row, limit - pieces, from);
         highest = below >= 0 ? below + pieces : highest;
@@ -411,10 +441,10 @@ int64_t ReachTable::HighestWithFew(int k, int row, int64_t limit, int64_t lowest
 // would be worked out. After as many tries as working them out costs, the rows are read after
 // all.
 void ReachTable::CountsOf(int64_t sum, int64_t* counts) {
-    for (int d = 1; d < count_;) {
+    for (int d = 1; d < built_.count;) {
         // With lengths on top the rows stand in another order than the lengths: the sums
         // from a length on are then always read through the rows of the others.
-        const int ready = few_.empty() ? ReadyRow(d + 1) : d + 1;
+        const int ready = built_.few.empty() ? ReadyRow(d + 1) : d + 1;
         if (ready > d + 1) {
             // Each row worked out again reads one row and writes another.
             const int64_t rowsWork = 2 * (ready - d - 1) * static_cast<int64_t>(words_);
@@ -423,17 +453,17 @@ void ReachTable::CountsOf(int64_t sum, int64_t* counts) {
             const bool filled = FillUpTo(d, ready, sum, counts, steps);
             if (filled) {
                 for (; d < ready; ++d) {
-                    sum -= counts[d] * lengths_[d];
+                    sum -= counts[d] * built_.length[d];
                 }
                 continue;
             }
         }
-        int64_t c = std::min(most_[d], sum / lengths_[d]);
-        while (!Has(d + 1, sum - c * lengths_[d])) {
+        int64_t c = std::min(built_.most[d], sum / built_.length[d]);
+        while (!Has(d + 1, sum - c * built_.length[d])) {
             --c;
         }
         counts[d] = c;
-        sum -= c * lengths_[d];
+        sum -= c * built_.length[d];
         ++d;
     }
 }
@@ -449,12 +479,12 @@ bool ReachTable::FillUpTo(int d, int end, int64_t sum, int64_t* counts, int64_t&
     if (d == end) {
         return Has(end, sum);
     }
-    for (int64_t c = std::min(most_[d], sum / lengths_[d]); c >= 0; --c) {
+    for (int64_t c = std::min(built_.most[d], sum / built_.length[d]); c >= 0; --c) {
         if (--steps < 0) {
             return false;
         }
         counts[d] = c;
-        if (FillUpTo(d + 1, end, sum - c * lengths_[d], counts, steps)) {
+        if (FillUpTo(d + 1, end, sum - c * built_.length[d], counts, steps)) {
             return true;
         }
     }
@@ -464,9 +494,9 @@ bool ReachTable::FillUpTo(int d, int end, int64_t sum, int64_t* counts, int64_t&
 // Where the bar holds no more pieces than `most`, one pass from the bottom up adds any count;
 // otherwise the counts go in doubling chunks, which together make every count up to `most`.
 void ReachTable::AddLength(int d, const uint64_t* from, uint64_t* to) {
-    const int64_t length = rowLength_[d];
-    int64_t most = rowMost_[d];
-    if (most >= bitsBar_ / length && length >= 64) {
+    const int64_t length = built_.rowLength[d];
+    int64_t most = built_.rowMost[d];
+    if (most >= built_.bitsBar / length && length >= 64) {
         AddAnyCount(from, to, length);
         return;
     }

@@ -32,6 +32,15 @@ public:
     // way. The rows already made stay as they are.
     int64_t WorkToBuild(int count, const int64_t* lengths, const int64_t* most, int64_t bar);
 
+    // Whether the rows of the last build hold every sum that lengths d to count - 1 of a search
+    // on a bar up to `bar` make, with at most most[d] pieces of lengths[d], if perhaps more:
+    // when each of those lengths is among the built ones in the same order, with no fewer
+    // pieces allowed. Then rows[d], for d from 1, is the row to read for lengths d on. A search
+    // whose lengths are only used up further than the last build's can so read it to rule out
+    // counts that cannot lead to less waste, whatever the table would now hold.
+    bool Covers(int count, const int64_t* lengths, const int64_t* most, int64_t bar,
+                int* rows) const;
+
     bool Has(int d, int64_t sum);
     // The largest sum of row d from `lowest` to `limit`, or -1 when the row has none there; from
     // 0 there is always one.
@@ -42,15 +51,37 @@ public:
     void CountsOf(int64_t sum, int64_t* counts);
 
 private:
-    // Lays out the rows for these lengths, making none: their order, the rows by residue and
-    // the highest sum of the rows of bits. Returns how many rows of bits of the last build
-    // stand for them, -1 when not even the empty row at the bottom does; `spacing` 0 is set to
-    // the table's size.
-    int Lay(int count, const int64_t* lengths, const int64_t* most, int64_t bar, int& spacing);
+    // What a build is made from: the lengths in the search's order and in the order of the
+    // rows, the rows by residue and the highest sum of the rows of bits.
+    struct Layout {
+        int count = 0;
+        int64_t bar = 0;
+        std::vector<int64_t> length;  // in the search's order
+        std::vector<int64_t> most;
+        std::vector<int64_t> rowLength;  // in the order of the rows
+        std::vector<int64_t> rowMost;
+        // The places of the lengths on top, in the search's order; for each place d, the first
+        // row of the other lengths from d on, and the first of the lengths on top from d on.
+        std::vector<int> few;
+        std::vector<int> othersFrom;
+        std::vector<int> fewFrom;
+        int modulusRow = 0;   // rows 1 to this one go by residue
+        int64_t modulus = 0;  // the length of the modulus row; 0 when no row goes by residue
+        int64_t bitsBar = 0;  // the highest sum that a row of bits holds
+        // The rows of bits from the bottom up: the highest sum, then each row's length and most
+        // pieces up to it. Once the rows are built, the rows by residue in the same way.
+        std::vector<int64_t> sources;
+    };
+
+    // Lays out the rows for these lengths into `into`, making none. Returns how many rows of
+    // bits of the last build stand for them, -1 when not even the empty row at the bottom does;
+    // `spacing` 0 is set to the table's size.
+    int Lay(int count, const int64_t* lengths, const int64_t* most, int64_t bar, int& spacing,
+            Layout& into) const;
     // Puts the lengths of which only a few pieces are allowed at the top of the table's rows.
-    void OrderRows();
+    static void OrderRows(Layout& layout);
     // What making row d writes, in words or numbers.
-    int64_t RowWork(int d) const;
+    static int64_t RowWork(const Layout& layout, int d);
     // Whether `sum`, or the highest sum from `lowest` to `limit` (-1 for none), is one of table
     // row `row` with pieces of the lengths on top from the k-th on added.
     bool HasWithFew(int k, int row, int64_t sum);
@@ -64,7 +95,7 @@ private:
     // The most that lengths `from` to count - 1 make together, up to the bar.
     static int64_t SumsUpTo(int from, int count, const int64_t* lengths, const int64_t* most,
                             int64_t bar);
-    // Rows by residue, 1 to modulusRow_: a sum up to the bar belongs to row d when it is at
+    // Rows by residue, 1 to the modulus row: a sum up to the bar belongs to row d when it is at
     // least the least sum of its residue, since the modulus length, in every such row, can be
     // added again and again to reach the others. The row of the modulus length takes the least
     // sums from the bits of the row below it. Rows the last build made the same way stand.
@@ -73,10 +104,10 @@ private:
     void AddAnyCountToResidues(int32_t* row, int64_t length);
     void AddOnceToResidues(int32_t* row, int64_t length);
 
-    bool ByResidue(int d) const { return d <= modulusRow_; }
-    bool IsKept(int d) const { return (count_ - d) % spacing_ == 0; }
+    bool ByResidue(int d) const { return d <= built_.modulusRow; }
+    bool IsKept(int d) const { return (built_.count - d) % spacing_ == 0; }
     // The kept row at or above row d, which the rows between it and d are worked out from.
-    int KeptAbove(int d) const { return d + (count_ - d) % spacing_; }
+    int KeptAbove(int d) const { return d + (built_.count - d) % spacing_; }
     uint64_t* Slot(std::size_t slot) { return bits_.get() + slot * words_; }
     uint64_t* Row(int d);
     // The first row from d on that is read without working rows out again.
@@ -90,40 +121,26 @@ private:
     void AddShifted(const uint64_t* from, uint64_t* to, int64_t shift);
     void AddAnyCount(const uint64_t* from, uint64_t* to, int64_t shift);
 
-    int count_ = 0;
+    Layout built_;        // that of the rows the table holds
+    Layout planned_;      // that of a build weighed or at work
     int builtCount_ = 0;  // the count of the last build, whose rows the table holds
-    int modulusRow_ = 0;  // rows 1 to this one go by residue
     int spacing_ = 1;
     std::size_t keptSlots_ = 0;
-    int segmentTop_ = 0;                // the kept row whose rows below are in the spare slots
-    const int64_t* lengths_ = nullptr;  // in the order of the search
-    const int64_t* most_ = nullptr;
-    // The lengths and most pieces of each row of the table, and the lengths on top by their
-    // place in the search's order; for each place d, the first row of the other lengths from d
-    // on, and the first of the lengths on top from d on.
-    std::vector<int64_t> rowLength_;
-    std::vector<int64_t> rowMost_;
-    std::vector<int> few_;
-    std::vector<int> othersFrom_;
-    std::vector<int> fewFrom_;
-    int64_t bar_ = 0;
-    int64_t bitsBar_ = 0;  // the highest sum that a row of bits holds
+    int segmentTop_ = 0;  // the kept row whose rows below are in the spare slots
     std::size_t words_ = 0;
     std::unique_ptr<uint64_t[]> bits_;
     std::size_t bitsCapacity_ = 0;  // in words
-    int64_t modulus_ = 0;           // the length of the modulus row; 0 when no row goes by residue
     std::vector<int32_t> least_;
     std::vector<int32_t> before_;  // a row by residue before a chunk is added
     // A least sum that stands for none. Sums past the bar are kept below it like any other, so
     // that a row serves every bar whose rows are made the same way.
     static constexpr int32_t None = INT32_MAX;
     // What the rows of the last build were made from, so that the next build keeps the rows it
-    // shares with it: for the rows of bits the modulus, bitsBar_ and each row's length and most
+    // shares with it: for the rows of bits the highest sum and each row's length and most
     // pieces; for the rows by residue, from the modulus row up, each row's length and most
     // pieces, -1 for any number. Empty when nothing stands.
     std::vector<int64_t> bitsSources_;
     std::vector<int64_t> residueSources_;
-    std::vector<int64_t> sources_;  // those of the build at work
 };
 
 }  // namespace brennik
