@@ -127,7 +127,6 @@ TEST(LeastFigures, AreTheRelaxationsOptimumAndBelowEveryWholePlan) {
     EXPECT_LE(worse, 5);
 }
 
-// The plan to beat comes back when nothing beats it, and when a cancel comes before the start.
 TEST(CheaperPlan, GivesBackThePlanToBeatWhenNothingBeatsItOrOnACancel) {
     const CuttingProblem problem =
         MakeProblem({Stock(12, 12)}, {Piece(6, 4), Piece(4, 3)}, Objective::Cost);

@@ -1,3 +1,5 @@
+// The readme and the manual that the program writes: their layout and pages, their writing, and
+// the manual's worked examples against the reports and figures that the program gives.
 #include "shell/documents.h"
 
 #include <gtest/gtest.h>
@@ -124,21 +126,18 @@ TEST(WriteDocuments, WritesBothTextsWithCrLfAndGoesOnPastAFailedWrite) {
 // the waste that the program computes, of money only with prices.
 TEST(ManualExamples, PrintTheReportAndQuoteTheFiguresThatTheProgramGives) {
     const auto examples = bench::WorkedExamples();
-    const bench::ProblemText barOfTwelve = {testing::kTwelveStock, testing::kTwelveCuts};
+    // The last, a report wider than a page, is shown as its page files, with the waste summary
+    // and the reference note.
     const struct {
         bench::ProblemText problem;
         std::string unit;
         bool methodB = false, advanced = false, chapter4 = false;
-    } cases[] = {
-        {examples[0], "m", true, true},
-        {examples[1], "m"},
-        {examples[2], "ft", true, true},
-        {examples[3], "cm"},
-        {examples[4], "mm", true, true},
-        // A report wider than a page, shown as its page files, with the waste summary and the
-        // reference note.
-        {barOfTwelve, "m", false, true, true},
-    };
+    } cases[] = {{examples[0], "m", true, true},
+                 {examples[1], "m"},
+                 {examples[2], "ft", true, true},
+                 {examples[3], "cm"},
+                 {examples[4], "mm", true, true},
+                 {{testing::kTwelveStock, testing::kTwelveCuts}, "m", false, true, true}};
     const Lines manual = SplitLines(ManualText());
     Lines collapsed;
     std::transform(manual.begin(), manual.end(), std::back_inserter(collapsed), Collapsed);

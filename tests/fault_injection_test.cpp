@@ -28,25 +28,20 @@ using testing::FileOp;
 
 const char* const kOpNames[] = {"read", "write", "replace", "remove"};
 
-// Every file of the folder with its bytes; only the files the user keeps when `keptOnly`.
-std::map<std::string, std::string> Files(Bench& bench, bool keptOnly = false) {
+enum class Only { All, Kept, Work };
+
+// The files of the folder with their bytes: all of them, those the user keeps, or the work files
+// of a pass and the copies written aside before they replace a kept file.
+std::map<std::string, std::string> Files(Bench& bench, Only only = Only::All) {
     const std::set<std::string> kept = {"last.sol", "last.pro", "brennik.cnf", "kept.pro"};
     std::map<std::string, std::string> files;
     for (const std::string& name : bench.folder.FileNames()) {
-        if (!keptOnly || kept.contains(name)) {
+        const bool work = name.ends_with(".new") || (name.ends_with(".sol") && name != "last.sol");
+        if (only == Only::All || (only == Only::Kept ? kept.contains(name) : work)) {
             files[name] = bench.Read(name);
         }
     }
     return files;
-}
-
-// The work files of a pass and the copies written aside before they replace a kept file.
-std::vector<std::string> WorkFiles(const Bench& bench) {
-    std::vector<std::string> names = bench.folder.FileNames();
-    std::erase_if(names, [](const std::string& name) {
-        return !name.ends_with(".new") && (!name.ends_with(".sol") || name == "last.sol");
-    });
-    return names;
 }
 
 // A folder as a session leaves it: settings written, a solution with its page files, the problem
@@ -80,8 +75,7 @@ std::string Seen(const Bench& bench) {
                        std::to_string(bench.m.ShowWasteSummary) +
                        std::to_string(bench.m.ShowReference) + std::to_string(bench.m.PageWidth);
     for (Ctl box : {Ctl::txtSL, Ctl::txtSP, Ctl::txtMat, Ctl::txtL, Ctl::txtN}) {
-        const bool cut = box == Ctl::txtL || box == Ctl::txtN;
-        for (int row = 1; row <= (cut ? MaxCutLengths : MaxStdLengths); ++row) {
+        for (int row = 1; row <= MaxCutLengths; ++row) {
             seen += " " + bench.surface.Text({box, row});
         }
     }
@@ -127,10 +121,6 @@ std::vector<Operation> Operations() {
     };
 }
 
-void PrintTo(const Operation& operation, std::ostream* out) {
-    *out << operation.name;
-}
-
 class FaultInjection : public ::testing::TestWithParam<Operation> {};
 
 TEST_P(FaultInjection, EveryFailingFileStepIsToldOrPassedOverAndTheNextTryWorks) {
@@ -143,7 +133,7 @@ TEST_P(FaultInjection, EveryFailingFileStepIsToldOrPassedOverAndTheNextTryWorks)
         ASSERT_EQ(clean.Status(), " Found a Better Solution !.") << "the press makes two passes";
     }
     const std::map<std::string, std::string> cleanFiles = Files(clean);
-    const std::map<std::string, std::string> cleanKept = Files(clean, true);
+    const std::map<std::string, std::string> cleanKept = Files(clean, Only::Kept);
 
     int points = 0;
     for (const FileOp op : {FileOp::Read, FileOp::Write, FileOp::Replace, FileOp::Remove}) {
@@ -152,14 +142,14 @@ TEST_P(FaultInjection, EveryFailingFileStepIsToldOrPassedOverAndTheNextTryWorks)
                          std::to_string(nth) + " fails");
             Bench bench;
             PrepareSession(bench);
-            const std::map<std::string, std::string> keptBefore = Files(bench, true);
+            const std::map<std::string, std::string> keptBefore = Files(bench, Only::Kept);
             FailingFiles failing(bench.files, op, nth);
             operation.run(bench.m, bench.surface, failing);
             ASSERT_GE(failing.Count(op), nth) << "the failure was not reached";
 
             EXPECT_GE(bench.m.PageWidth, 60);
             EXPECT_LE(bench.m.PageWidth, 200);
-            std::map<std::string, std::string> kept = Files(bench, true);
+            std::map<std::string, std::string> kept = Files(bench, Only::Kept);
             if (operation.told.contains(op)) {
                 EXPECT_EQ(bench.Status(), operation.told.at(op));
                 EXPECT_EQ(bench.surface.State({Ctl::txtLong}).fore, Red);
@@ -174,8 +164,8 @@ TEST_P(FaultInjection, EveryFailingFileStepIsToldOrPassedOverAndTheNextTryWorks)
                 EXPECT_EQ(kept, cleanKept) << "a kept file differs from a clean run's";
             }
             // Removing a work file is best effort: the one whose removal failed may stay.
-            EXPECT_LE(WorkFiles(bench).size(), op == FileOp::Remove ? 1u : 0u)
-                << ::testing::PrintToString(WorkFiles(bench));
+            EXPECT_LE(Files(bench, Only::Work).size(), op == FileOp::Remove ? 1u : 0u)
+                << ::testing::PrintToString(Files(bench, Only::Work));
 
             operation.run(bench.m, bench.surface, bench.files);
             EXPECT_EQ(Seen(bench), Seen(clean)) << "the next try with working files";
@@ -187,7 +177,7 @@ TEST_P(FaultInjection, EveryFailingFileStepIsToldOrPassedOverAndTheNextTryWorks)
 }
 
 INSTANTIATE_TEST_SUITE_P(FileOperations, FaultInjection, ::testing::ValuesIn(Operations()),
-                         ::testing::PrintToStringParamName());
+                         [](const auto& test) { return test.param.name; });
 
 }  // namespace
 }  // namespace brennik

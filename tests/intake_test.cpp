@@ -4,90 +4,77 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
-#include "surface/memory_surface.h"
+#include "press_fixture.h"
 
 namespace brennik {
 namespace {
 
+using testing::Rows;
 using Texts = std::vector<std::string>;
-using Rows = std::vector<std::pair<std::string, std::string>>;
-
-// Texts that hold no number at all, up to the seven characters that a box takes; control bytes
-// and bytes above 127 among them.
-const Texts kNoNumbers = {
-    "abcdefg", "#$%&*()", "-------", ".......", "+-+-+-+",        "e1e1e1e",        "nan", "inf",
-    "-inf",    "NaN(1)",  "       ", "x0x0x0x", "\t\t\t\t\t\t\t", "\1\2\3\4\5\6\7", "ééé!"};
-// Numbers too large for a length, or for any field.
-const Texts kBeyondLength = {"99999.91", "100000",  "9999999", "1e308",
-                             "1e999",    "1e+9999", "3.4e38",  "3.5e38"};
 
 Texts Joined(Texts texts, const Texts& more) {
     texts.insert(texts.end(), more.begin(), more.end());
     return texts;
 }
 
-// A form with the rows typed in, from the first, read once by the intake.
-struct Form {
-    MemorySurface surface;
-    Module1 m;
+// The rows, then each of the texts paired with `shown`.
+Rows Cases(Rows rows, const Texts& texts, const std::string& shown) {
+    for (const std::string& text : texts) {
+        rows.emplace_back(text, shown);
+    }
+    return rows;
+}
 
+// Texts that hold no number at all, up to the seven characters that a box takes; control bytes
+// and bytes above 127 among them.
+const Texts kNoNumbers = {
+    "abcdefg", "#$%&*()", "-------", ".......", "+-+-+-+",        "e1e1e1e",        "nan", "inf",
+    "-inf",    "NaN(1)",  "       ", "x0x0x0x", "\t\t\t\t\t\t\t", "\1\2\3\4\5\6\7", "ééé!"};
+// Texts that give no length: too large for a length or for any field, below a hundredth or no
+// number at all.
+const Texts kNoLength =
+    Joined({"99999.91", "100000", "9999999", "1e308", "1e999", "1e+9999", "3.4e38", "3.5e38",
+            "0.001", "0.004", "-0.01", "-1e999", "0x10", "1e-999"},
+           kNoNumbers);
+
+// A form with the rows typed in, from the first, read once by the intake.
+struct Form : testing::Bench {
     Form(const Rows& stock, const Rows& cuts) {
-        for (std::size_t r = 0; r < stock.size(); ++r) {
-            surface.SetText({Ctl::txtSL, static_cast<int>(r + 1)}, stock[r].first);
-            surface.SetText({Ctl::txtSP, static_cast<int>(r + 1)}, stock[r].second);
-        }
-        for (std::size_t i = 0; i < cuts.size(); ++i) {
-            surface.SetText({Ctl::txtL, static_cast<int>(i + 1)}, cuts[i].first);
-            surface.SetText({Ctl::txtN, static_cast<int>(i + 1)}, cuts[i].second);
-        }
+        Type(stock, cuts);
         ReadEntries(m, surface);
     }
     std::string Text(Ctl box, int row = 0) const { return surface.Text({box, row}); }
 };
 
 // A half goes to the even digit; 0.005 lies a little above the half as a double, so it rounds
-// up. Beyond the limits or without a number, a standard row goes whole, a price alone.
+// up. Beyond the limits or without a number, a standard row goes whole, a price alone. Each form
+// tries a length in row 1 and, in turn, a price in row 2.
 TEST(StandardRows, AreWrittenBackInNormalFormOrDroppedInSilence) {
-    const Rows kept = {
+    const Rows keptLengths = {
         {"99999.9", "99999.9"}, {"99999.899", "99999.9"}, {"0.005", "0.01"}, {"1.2.3.4", "1.2"},
         {"12abcde", "12"},      {"1,5,0,0", "1"},         {"+5", "5"},       {"5e", "5"},
         {"  7  ", "7"},         {"6.126", "6.13"}};
-    const Texts dropped = Joined(Joined(kBeyondLength, kNoNumbers),
-                                 {"0.001", "0.004", "-0.01", "-1e999", "0x10", "1e-999", "0"});
-    Rows cases = kept;
-    for (const std::string& text : dropped) {
-        cases.emplace_back(text, "");
-    }
-    for (const auto& [text, shown] : cases) {
-        SCOPED_TRACE(text);
-        const Form form({{text, "10"}, {"6", "5"}}, {{"1", "2"}});
+    const Rows lengths = Cases(keptLengths, Joined(kNoLength, {"0"}), "");
+    const Rows prices =
+        Cases({{"99999.9", "99999.9"}, {".8", "0.8"}, {" 2.125", "2.12"}},
+              Joined(kNoNumbers, {"99999.91", "100000", "1e999", "-1e999", "-0.01", "0.004"}), "");
+    for (std::size_t k = 0; k < std::max(lengths.size(), prices.size()); ++k) {
+        const auto& [length, shownLength] = lengths[k % lengths.size()];
+        const auto& [price, shownPrice] = prices[k % prices.size()];
+        SCOPED_TRACE(length + " / " + price);
+        const Form form({{length, "10"}, {"12", price}}, {{"1", "2"}});
         EXPECT_EQ(form.m.EntryError, kFalse);
-        EXPECT_EQ(form.Text(Ctl::txtSL, 1), shown);
-        EXPECT_EQ(form.Text(Ctl::txtSP, 1), shown.empty() ? "" : "10");
-        EXPECT_EQ(form.m.StdLength(1), shown.empty() ? 0.0f : std::stof(shown));
-        EXPECT_EQ(form.m.StdPrice(1), shown.empty() ? 0.0f : 10.0f);
-        EXPECT_EQ(form.Text(Ctl::txtSL, 2) + "/" + form.Text(Ctl::txtSP, 2), "6/5");
+        EXPECT_EQ(form.Text(Ctl::txtSL, 1), shownLength);
+        EXPECT_EQ(form.Text(Ctl::txtSP, 1), shownLength.empty() ? "" : "10");
+        EXPECT_EQ(form.m.StdLength(1), shownLength.empty() ? 0.0f : std::stof(shownLength));
+        EXPECT_EQ(form.m.StdPrice(1), shownLength.empty() ? 0.0f : 10.0f);
+        EXPECT_EQ(form.Text(Ctl::txtSL, 2) + "/" + form.Text(Ctl::txtSP, 2), "12/" + shownPrice);
+        EXPECT_EQ(form.m.StdPrice(2), shownPrice.empty() ? 0.0f : std::stof(shownPrice));
         EXPECT_EQ(form.Text(Ctl::txtLong), "");
-    }
-}
-
-TEST(StandardRows, APriceBeyondTheLimitOrWithoutANumberIsEmptied) {
-    const Rows kept = {{"99999.9", "99999.9"}, {".8", "0.8"}, {" 2.125", "2.12"}};
-    const Texts emptied =
-        Joined(kNoNumbers, {"99999.91", "100000", "1e999", "-1e999", "-0.01", "0.004"});
-    Rows cases = kept;
-    for (const std::string& text : emptied) {
-        cases.emplace_back(text, "");
-    }
-    for (const auto& [text, shown] : cases) {
-        SCOPED_TRACE(text);
-        const Form form({{"12", text}}, {{"5", "3"}});
-        EXPECT_EQ(form.Text(Ctl::txtSP, 1), shown);
-        EXPECT_EQ(form.m.StdPrice(1), shown.empty() ? 0.0f : std::stof(shown));
-        EXPECT_EQ(form.Text(Ctl::txtSL, 1), "12");
     }
 }
 
@@ -95,19 +82,12 @@ TEST(StandardRows, APriceBeyondTheLimitOrWithoutANumberIsEmptied) {
 // focus on its length; the row above black and read, the row below not read. Mended, the next
 // bad row is told.
 TEST(CuttingRows, TheFirstRowThatCannotBeCutIsRefused) {
-    Rows cases;
-    for (const std::string& text :
-         Joined(Joined(kBeyondLength, kNoNumbers),
-                {"-1e999", "-0.01", "0.001", "0.004", "0x10", "1e-999"})) {
-        cases.emplace_back(text, "3");
-    }
+    Rows cases = Cases({{"", "3"}, {"abc", "-0.5"}}, kNoLength, "3");
     for (const std::string& text :
          Joined(kNoNumbers, {"100000", "99999999", "1e308", "1e999", "-1e999", "2147483648",
                              "-2147483649", "0.999", "0", "-0.5", "0x10", ""})) {
         cases.emplace_back("4", text);
     }
-    cases.emplace_back("", "3");
-    cases.emplace_back("abc", "-0.5");
     for (const auto& [length, quantity] : cases) {
         SCOPED_TRACE(length + " / " + quantity);
         Form form({{"99999.9", "1"}}, {{"2", "4"}, {length, quantity}, {"-3", "5"}});

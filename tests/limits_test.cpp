@@ -1,13 +1,12 @@
-// Problems at the limits of the form, pressed whole: the longest length and price are cut and
-// printed in their columns, and no press crashes or fails to end, however large the problem. Among
-// them the problem files that the fuzzer found troublesome, each of which once kept a press busy
-// for seconds while the pattern search walked every combination of lengths that never fill a bar
-// exactly. Every press must cut every piece asked for.
+// Problems at the limits of the form, pressed whole: the longest length and price fill their
+// columns, the largest problems and the fuzzer's slow problem files end, and every press cuts
+// every piece asked for.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <numeric>
 #include <string>
 #include <vector>
 
@@ -92,11 +91,8 @@ void ExpectPressEnds(const std::string& what, const Rows& stock, const Rows& cut
     // A length of five whole digits and two decimals loses its first digit in the report's seven
     // columns, so the pieces are counted together.
     const auto total = [](const Pieces& pieces) {
-        int64_t sum = 0;
-        for (const auto& [length, count] : pieces) {
-            sum += count;
-        }
-        return sum;
+        return std::accumulate(pieces.begin(), pieces.end(), int64_t{0},
+                               [](int64_t sum, const auto& piece) { return sum + piece.second; });
     };
     const std::string report = bench.Read("last.sol");
     EXPECT_EQ(total(CutIn(report)), total(Asked(cuts)));
@@ -135,52 +131,48 @@ TEST(LargeProblems, EveryPressEnds) {
                     Lengths(20, 200010, 5002, "99999"));
 }
 
-// Loads the problem file as the headless runner does, presses Find Solution once and holds the
-// report's pieces against those asked for.
-void ExpectEveryPieceCut(Bench& bench, const Texts& lines, const Pieces& asked) {
+// Loads the problem file of these lines, the cutting rows among them, as the headless runner
+// does, presses Find Solution once and holds the report's pieces against the rows. Each problem
+// once kept a press busy for seconds while the pattern search walked every combination of
+// lengths that never fill a bar exactly.
+void ExpectEveryPieceCut(Bench& bench, Texts lines, const Rows& cuts, const Texts& after = {}) {
+    for (const auto& [length, quantity] : cuts) {
+        lines.push_back(length + "," + quantity);
+    }
+    lines.insert(lines.end(), after.begin(), after.end());
     bench.files.WriteFile("problem.pro", JoinLines(lines));
     bench.surface.SetNextFileName(bench.folder.PathOf("problem.pro"));
     LoadProblem(bench.m, bench.surface, bench.files);
     cmdFind_Click(bench.m, bench.platform);
     EXPECT_FALSE(bench.m.EntryError || bench.m.LengthError || bench.m.FileError);
     EXPECT_EQ(bench.folder.FileNames(), (std::vector<std::string>{"last.sol", "problem.pro"}));
-    EXPECT_EQ(CutIn(bench.Read("last.sol")), asked);
+    EXPECT_EQ(CutIn(bench.Read("last.sol")), Asked(cuts));
 }
 
 // The fuzzer's input as it found it: a bar of 99 without price among five short priced ones,
 // forty lengths from 1 to 6.07 (one of them 5, asked 541 times), and lines past the fortieth
 // cutting row that the reader leaves alone. Advanced took 6.4 s in a release build.
 TEST(FuzzFindings, AdvancedOnALongBarAmongShortOnesAndFortyLengthsCutsEveryPiece) {
-    Texts lines = {"12,12", "11,11", "10,10", "99,", "8,8", "7,7"};
-    Pieces asked;
+    Rows cuts;
     for (int row = 0; row < MaxCutLengths; ++row) {
-        const bool five = row == 25;
-        const double length = five ? 5 : 1 + 0.13 * row;
-        const int quantity = five ? 541 : (row == 24 ? 2 : 1 + row % 5);
-        lines.push_back(five ? "5.,541" : FloatText(length) + "," + std::to_string(quantity));
-        asked[Hundredths(length)] += quantity;
+        const int quantity = row == 25 ? 541 : (row == 24 ? 2 : 1 + row % 5);
+        cuts.emplace_back(row == 25 ? "5." : FloatText(1 + 0.13 * row), std::to_string(quantity));
     }
-    lines.insert(lines.end(), {"3,3", "3,3", "3,3", "3(3"});
     Bench bench;
     bench.m.ShowWasteSummary = kTrue;
     bench.m.ShowReference = kTrue;
     bench.surface.SetNextInput("fuzz");
     bench.surface.SetValue({Ctl::Check1}, true);
-    ExpectEveryPieceCut(bench, lines, asked);
+    ExpectEveryPieceCut(bench, {"12,12", "11,11", "10,10", "99,", "8,8", "7,7"}, cuts,
+                        {"3,3", "3,3", "3,3", "3(3"});
 }
 
 // Twenty lengths 0.07 apart, 99 of each, on a bar of 59.99: the basic press of Method B took
 // 30 s in a release build.
 TEST(FuzzFindings, TwentyCloseLengthsOnOneBarAreAllCut) {
-    Texts lines = {"59.99,", " , "};
-    Pieces asked;
-    for (int row = 0; row < 20; ++row) {
-        lines.push_back(FloatText(3 + 0.07 * row) + ",99");
-        asked[Hundredths(3 + 0.07 * row)] = 99;
-    }
     Bench bench;
     bench.surface.SetValue({Ctl::Option2}, true);
-    ExpectEveryPieceCut(bench, lines, asked);
+    ExpectEveryPieceCut(bench, {"59.99,", " , "}, Lengths(20, 300, 7, "99"));
     EXPECT_EQ(bench.Status(), " Done !.");
 }
 

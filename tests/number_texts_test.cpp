@@ -31,7 +31,9 @@ TEST(NumberValue, ReadsTheLongestNumericPrefixAndStaysFinite) {
     }
 }
 
-TEST(NumberTexts, BoxAndReportFormsShowTheDigitsOfTheType) {
+// Box and report forms show the digits of the type; a picture rounds the text half away from
+// zero, and 2.675 and 1.005, stored below the half, have texts that are not.
+TEST(NumberTexts, BoxReportAndPictureFormsShowTheDigitsOfTheType) {
     EXPECT_EQ(FloatText(0.8f), "0.8");
     EXPECT_EQ(FloatText(1e10f), "10000000000");
     EXPECT_EQ(FloatText(static_cast<double>(99999.9f)), "99999.8984375");
@@ -41,26 +43,22 @@ TEST(NumberTexts, BoxAndReportFormsShowTheDigitsOfTheType) {
     EXPECT_EQ(NumberText(-1.5e-10), "-.00000000015");
     EXPECT_EQ(NumberText("  -7abc"), "-7");
     EXPECT_EQ(NumberText(std::numeric_limits<double>::infinity()), "inf");
-}
-
-TEST(PictureText, FollowsThePictureAndRoundsTheTextHalfAwayFromZero) {
-    // 2.675 and 1.005 are stored below the half; their texts are not.
     const std::tuple<double, const char*, const char*> cases[] = {
         {0.8, "#####.00", ".80"},   {0.8, "#####0.00", "0.80"}, {2.675, "#0.00", "2.68"},
         {1.005, "#0.00", "1.01"},   {-2.675, "#0.00", "-2.68"}, {9.995, "#####.00", "10.00"},
         {2.5, "#####", "3"},        {0.49, "#####", ""},        {-0.001, "#0.00", "0.00"},
-        {-0.005, "#0.00", "-0.01"},
+        {-0.005, "#0.00", "-0.01"}, {0, "#####", ""},
     };
     for (const auto& [x, picture, text] : cases) {
         EXPECT_EQ(PictureText(x, picture), text) << x << " " << picture;
     }
     EXPECT_EQ(PictureText(2.675f, "#0.00"), "2.68");
-    EXPECT_EQ(PictureText(0, "#####"), "");
     EXPECT_EQ(PictureText(1e300, "#0.00"), "1" + std::string(300, '0') + ".00");
 }
 
-// Halves of a hundredth that are stored exactly go to the even digit; 2.675 is stored below.
-TEST(RoundEven2, RoundsTheStoredValueWithHalvesToEven) {
+// RoundEven2 takes halves of a hundredth that are stored exactly to the even digit, and 2.675,
+// stored below the half, down; Round2 rounds the 15- or 7-digit text half away from zero.
+TEST(Rounding, RoundEven2RoundsTheStoredValueAndRound2ItsText) {
     const std::pair<double, double> cases[] = {
         {2.125, 2.12},     {2.375, 2.38},         {-0.125, -0.12},           {-0.375, -0.38},
         {2.675, 2.67},     {99999.995, 99999.99}, {1048576.625, 1048576.62}, {0.005, 0.01},
@@ -69,9 +67,6 @@ TEST(RoundEven2, RoundsTheStoredValueWithHalvesToEven) {
     for (const auto& [x, rounded] : cases) {
         EXPECT_EQ(RoundEven2(x), rounded) << x;
     }
-}
-
-TEST(Round2, RoundsTheDecimalTextHalfAwayFromZero) {
     EXPECT_EQ(Round2(2.675), 2.68);         // stored below the half, but its 15-digit text is not
     EXPECT_EQ(Round2(-DBL_MAX), -DBL_MAX);  // its 15-digit text lies beyond the largest f64
     EXPECT_EQ(Round2(2.675f), 2.68f);

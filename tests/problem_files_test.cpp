@@ -5,6 +5,7 @@
 #include <charconv>
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "files/text_lines.h"
@@ -16,8 +17,8 @@ namespace {
 
 using testing::Bench;
 
-// The shortest text that reads back as the same float.
-std::string Shortest(float value) {
+// The shortest text that reads back as the same number.
+std::string Shortest(auto value) {
     char text[32];
     return std::string(text, std::to_chars(text, text + sizeof text, value).ptr);
 }
@@ -26,27 +27,24 @@ std::string Shortest(float value) {
 // cutting rows, each table up to its last row that holds anything.
 std::string Tables(std::string_view contents) {
     const ProblemTables t = ReadProblemTables(contents);
-    std::string text;
-    int last = 0;
-    for (int row = 1; row <= MaxStdLengths; ++row) {
-        last = t.StdLength(row) != 0 || t.StdPrice(row) != 0 ? row : last;
-    }
-    for (int row = 1; row <= last; ++row) {
-        text += Shortest(t.StdLength(row)) + "/" + Shortest(t.StdPrice(row)) + " ";
-    }
-    text += "|";
-    last = 0;
-    for (int row = 1; row <= MaxCutLengths; ++row) {
-        last = t.CutLength(row) != 0 || t.CutQty(row) != 0 ? row : last;
-    }
-    for (int row = 1; row <= last; ++row) {
-        text += " " + Shortest(t.CutLength(row)) + "x" + std::to_string(t.CutQty(row));
-    }
-    return text;
+    const auto rows = [](const auto& first, const auto& second, int count, const char* between) {
+        std::string text;
+        std::string pending;  // rows that hold nothing, until one that does follows
+        for (int row = 1; row <= count; ++row) {
+            pending += " " + Shortest(first(row)) + between + Shortest(second(row));
+            if (first(row) != 0 || second(row) != 0) {
+                text += std::exchange(pending, "");
+            }
+        }
+        return text;
+    };
+    return (rows(t.StdLength, t.StdPrice, MaxStdLengths, "/") + " |" +
+            rows(t.CutLength, t.CutQty, MaxCutLengths, "x"))
+        .substr(1);
 }
 
 TEST(ReadProblemTables, ReadsFieldsTwoAtATime) {
-    const std::vector<std::pair<std::string, std::string>> cases = {
+    std::vector<std::pair<std::string, std::string>> cases = {
         {"6.1,30.4\r\n5.5,27.5\r\n , \r\n2.3,121\r\n1.7,84\r\n",
          "6.1/30.4 5.5/27.5 | 2.3x121 1.7x84"},
         // Every form of an empty row ends the standard table.
@@ -72,19 +70,18 @@ TEST(ReadProblemTables, ReadsFieldsTwoAtATime) {
          "3.4028235e+38/3.4028235e+38 -3.4028235e+38/0 | 3.4028235e+38x2147483647 "
          "-3.4028235e+38x-2147483648"},
     };
-    for (const auto& [contents, tables] : cases) {
-        EXPECT_EQ(Tables(contents), tables) << contents;
-    }
-}
-
-TEST(ReadProblemTables, AnEmptyRowAfterSixStandardRowsIsTheFirstCuttingRow) {
-    std::vector<std::string> lines = {"6,1", "5,2", "4,3", "3,4", "2,5", "1,6", ","};
-    std::string cuts = "| 0x0";
+    // An empty row after six standard rows is the first cutting row; rows past the 40th are not
+    // read.
+    std::string lines = "6,1\r\n5,2\r\n4,3\r\n3,4\r\n2,5\r\n1,6\r\n,";
+    std::string tables = "6/1 5/2 4/3 3/4 2/5 1/6 | 0x0";
     for (int row = 2; row <= MaxCutLengths + 5; ++row) {
-        lines.push_back(std::to_string(row) + ",1");
-        cuts += row <= MaxCutLengths ? " " + std::to_string(row) + "x1" : "";
+        lines += "\r\n" + std::to_string(row) + ",1";
+        tables += row <= MaxCutLengths ? " " + std::to_string(row) + "x1" : "";
     }
-    EXPECT_EQ(Tables(JoinLines(lines)), "6/1 5/2 4/3 3/4 2/5 1/6 " + cuts);
+    cases.emplace_back(lines, tables);
+    for (const auto& [contents, expected] : cases) {
+        EXPECT_EQ(Tables(contents), expected) << contents;
+    }
 }
 
 // The save tests below write problems typed into the boxes; these are the edges of the layout.
@@ -126,12 +123,19 @@ TEST(ProblemFiles, ClearProblemEmptiesTheEntriesAndTheResults) {
     EXPECT_EQ(bench.surface.State({Ctl::ProgressBar1}).progress, 0.0f);
 }
 
-// Save and Load open their dialogs in the application's folder, whatever the current one is.
+// Save and Load open their dialogs in the application's folder, whatever the current one is. A
+// cancelled save does not even read the boxes; a loaded file's values are checked only by the
+// next intake.
 TEST(ProblemFiles, SavedProblemLoadsBackIntoTheSameBoxes) {
     const testing::TempFolder work;
     Bench bench;
     DiskFileSystem files(bench.folder.Path(), work.Path());
     EnterProblem(bench);
+    bench.surface.SetNextFileName("");
+    SaveProblem(bench.m, bench.surface, files);
+    EXPECT_EQ(bench.surface.Text({Ctl::txtSL, 1}), "6.126");
+    EXPECT_TRUE(bench.folder.FileNames().empty() && std::filesystem::is_empty(work.Path()));
+
     bench.surface.SetNextFileName(bench.folder.PathOf("job.pro"));
     SaveProblem(bench.m, bench.surface, files);
     EXPECT_EQ(bench.surface.LastDialogFolder(), bench.folder.Path());
@@ -153,20 +157,16 @@ TEST(ProblemFiles, SavedProblemLoadsBackIntoTheSameBoxes) {
     EXPECT_EQ(bench.surface.Text({Ctl::txtSP, 2}), "0");  // shows until the next intake
     EXPECT_EQ(bench.surface.Text({Ctl::txtN, 1}), "121");
     EXPECT_EQ(bench.surface.Text({Ctl::txtL, 3}), "");
-}
 
-// A number too large for its field is held at the largest value; the intake then refuses it.
-TEST(ProblemFiles, LoadedValuesAreCheckedOnlyByTheNextIntake) {
-    Bench bench;
+    // A number too large for its field is held at the largest value; the intake then refuses it.
     bench.files.WriteFile("hand.csv", JoinLines({"1.234,5", "1e39,1e39", ",", "2,0", "3,1e10"}));
     bench.surface.SetNextFileName(bench.folder.PathOf("hand.csv"));
-    LoadProblem(bench.m, bench.surface, bench.files);
+    LoadProblem(bench.m, bench.surface, files);
     EXPECT_EQ(bench.surface.Text({Ctl::txtSL, 1}), "1.234");
     EXPECT_EQ(bench.surface.Text({Ctl::txtSL, 2}), "340282300000000000000000000000000000000");
     EXPECT_EQ(bench.surface.Text({Ctl::txtN, 1}), "0");
     EXPECT_EQ(bench.surface.Text({Ctl::txtN, 2}), "2147483647");
     EXPECT_EQ(bench.Status(), "");
-
     ReadEntries(bench.m, bench.surface);
     EXPECT_EQ(bench.surface.Text({Ctl::txtSL, 1}), "1.23");
     EXPECT_EQ(bench.surface.Text({Ctl::txtSL, 2}), "");
@@ -174,15 +174,6 @@ TEST(ProblemFiles, LoadedValuesAreCheckedOnlyByTheNextIntake) {
     bench.surface.SetText({Ctl::txtN, 1}, "1");
     ReadEntries(bench.m, bench.surface);
     EXPECT_EQ(bench.surface.Focus(), (Control{Ctl::txtL, 2}));
-}
-
-TEST(ProblemFiles, CancelledSaveWritesNothing) {
-    Bench bench;
-    EnterProblem(bench);
-    bench.surface.SetNextFileName("");
-    SaveProblem(bench.m, bench.surface, bench.files);
-    EXPECT_EQ(bench.surface.Text({Ctl::txtSL, 1}), "6.126");  // not even read
-    EXPECT_TRUE(bench.folder.FileNames().empty());
 }
 
 TEST(ProblemFiles, SaveLastProblemWritesInTheCurrentFolderEvenARefusedRow) {

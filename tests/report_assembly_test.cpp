@@ -1,3 +1,5 @@
+// The report last.sol as the pass assembles it from its work lines, compared with whole texts
+// and read back as the diagram reads it, and the grouping of cutting lines by standard length.
 #include "report/report_assembly.h"
 
 #include <gtest/gtest.h>
@@ -74,11 +76,20 @@ Reference      =>   U channel Aluminium.
     EXPECT_EQ(bench.folder.FileNames(), std::vector<std::string>{"last.sol"});
     const SolutionReport read = ReadBack(bench);
     EXPECT_EQ(read.date + " " + read.time + " " + read.method, "06-Apr-1999 08:16 PM AA");
-    EXPECT_EQ(read.materialPercent, 1.96);
-    EXPECT_EQ(read.moneyPercent, 1.96);
-    EXPECT_EQ(read.wasteTotals.bars, 25);
-    EXPECT_EQ(read.totalCost, 540);
-    EXPECT_EQ(read.reference, "U channel Aluminium.");
+    EXPECT_EQ(std::tie(read.materialPercent, read.moneyPercent, read.wasteTotals.bars,
+                       read.totalCost, read.reference),
+              std::tuple(1.96, 1.96, 25, 540.0, "U channel Aluminium."));
+
+    // Without the summary the foot is cut to the details, while a long reference note stands
+    // whole. Two items in the widest line of four cutting lengths: the method line spans two slots.
+    bench.m.Advanced = kFalse;
+    bench.m.ShowWasteSummary = kFalse;
+    bench.m.ReferenceText = std::string(280, 'x') + " end of note" + std::string(8, 'y');
+    RunPass(bench.m, bench.platform);
+    const std::vector<std::string> report = SplitLines(bench.Read("last.sol"));
+    ASSERT_GE(report.size(), 5u);
+    EXPECT_EQ(report.back(), "Reference      =>   " + bench.m.ReferenceText);
+    EXPECT_EQ(report[report.size() - 5], "Method Used    => A  " + std::string(26, ' '));
 }
 
 // The pass keeps the rows in the order of the best sequence; the report still lists them longest
@@ -104,8 +115,8 @@ TEST(ReportAssembly, MethodBReportInTheBestSequenceStampsTheHeadAtTheDetailsEdge
 }
 
 // Every bar of 10 yields pieces of one length only, so no line has more than one item and the
-// titles are cut to the width of the details.
-TEST(ReportAssembly, OneItemPerLineCutsTheTitles) {
+// titles are cut to the width of the details; so they are without cutting lengths.
+TEST(ReportAssembly, NarrowDetailsCutTheTitles) {
     Bench bench;
     bench.Type({{"10", ""}}, {{"5", "4"}, {"3", "3"}});
     RunPass(bench.m, bench.platform);
@@ -139,19 +150,11 @@ Method Used    => B                    1                1.00
     RunPass(bench.m, bench.platform);
     EXPECT_EQ(SplitLines(bench.Read("last.sol")).at(0),
               "STANDARD LENGTHS    CUTTING DETAILS  WASTE SUMMARY    06-Apr");
-}
 
-TEST(ReportReader, OtherTextIsNamedAFaultAndGivesNoPlan) {
-    for (const char* text : {"", "Dear User,\r\n", "STANDARD LENGTHS    CUTTING DETAILS\r\n"}) {
-        const SolutionReport report = ReadReport(text);
-        EXPECT_FALSE(report.faults.empty()) << text;
-        EXPECT_TRUE(report.groups.empty()) << text;
-    }
-}
-
-TEST(ReportAssembly, ProblemWithoutCuttingLengthsHasHeadAndFootOnly) {
-    Bench bench;
-    bench.Type({{"6", "10"}}, {});
+    // Without cutting lengths the report has its head and foot only.
+    bench.Type({{"6", "10"}}, {{"", ""}});
+    bench.surface.SetValue({Ctl::Option1}, true);
+    bench.m.ShowWasteSummary = kFalse;
     RunPass(bench.m, bench.platform);
     EXPECT_EQ(StrippedReport(bench), R"(
 STANDARD LENGTHS    CUTTING DETAI
@@ -167,18 +170,12 @@ Total  Cost    =>            0.00
 )");
 }
 
-TEST(ReportAssembly, LongReferenceNoteStandsWholeWhileTheFootIsCut) {
-    Bench bench;
-    bench.Type(kTwelveStock, kTwelveCuts);
-    bench.m.ShowReference = kTrue;
-    bench.m.ReferenceAsked = kTrue;
-    bench.m.ReferenceText = std::string(280, 'x') + " end of note" + std::string(8, 'y');
-    RunPass(bench.m, bench.platform);
-    const std::vector<std::string> report = SplitLines(bench.Read("last.sol"));
-    ASSERT_GE(report.size(), 5u);
-    EXPECT_EQ(report.back(), "Reference      =>   " + bench.m.ReferenceText);
-    // Two items in the widest line of four cutting lengths: the method line spans two slots.
-    EXPECT_EQ(report[report.size() - 5], "Method Used    => A  " + std::string(26, ' '));
+TEST(ReportReader, OtherTextIsNamedAFaultAndGivesNoPlan) {
+    for (const char* text : {"", "Dear User,\r\n", "STANDARD LENGTHS    CUTTING DETAILS\r\n"}) {
+        const SolutionReport report = ReadReport(text);
+        EXPECT_FALSE(report.faults.empty()) << text;
+        EXPECT_TRUE(report.groups.empty()) << text;
+    }
 }
 
 // GroupByLength on cutting lines written by hand, each with the standard row that cut it, for

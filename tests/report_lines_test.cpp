@@ -1,3 +1,5 @@
+// The report's work lines one at a time: the date and time stamps, a cutting line with and
+// without its waste block, and the foot with its totals.
 #include "report/report_lines.h"
 
 #include <gtest/gtest.h>
@@ -12,20 +14,25 @@ namespace {
 
 using testing::Moment;
 
-std::string Spaces(int count) {
-    return std::string(static_cast<std::size_t>(count), ' ');
-}
-
-// A problem of these cutting lengths, settled for the report with the waste summary.
-Module1 SettledProblem(const std::vector<float>& lengths, bool methodA, bool allPriced) {
+// A problem of these cutting lengths, every standard length priced, settled for the report with
+// the waste summary, and the cutting step just applied: `bars` bars of `stdLength` in standard
+// row `row`, each cut into `pieces` of the cutting lengths in turn.
+Module1 SettledProblem(const std::vector<float>& lengths, bool methodA,
+                       std::vector<int32_t> pieces = {}, int row = 1, float stdLength = 0,
+                       int32_t bars = 0) {
     Module1 m;
     m.CutCount = static_cast<int16_t>(lengths.size());
+    pieces.resize(lengths.size());
     for (int j = 1; j <= m.CutCount; ++j) {
         m.CutLength(j) = lengths[static_cast<std::size_t>(j - 1)];
+        m.PatternPieces(row, j) = pieces[static_cast<std::size_t>(j - 1)];
     }
+    m.StdLength(row) = stdLength;
+    m.ChosenStd = static_cast<float>(row);
+    m.ChosenBars = bars;
     m.MethodA = ToFlag(methodA);
     m.MethodB = ToFlag(!methodA);
-    m.AllPriced = ToFlag(allPriced);
+    m.AllPriced = kTrue;
     m.ShowWasteSummary = kTrue;
     return m;
 }
@@ -46,13 +53,9 @@ TEST(ReportStamps, TwelveHourClockAroundMidnightAndNoon) {
 
 // A bar of 6 cut into 4.3 and 1.65 on 11 bars, with 0.05 waste per bar, among eight lengths.
 TEST(CuttingLine, WasteBlockFollowsTheMethodAndItsPrices) {
-    Module1 m = SettledProblem({5.5f, 4.3f, 3.2f, 2.1f, 1.65f, 1.2f, 1.0f, 0.5f}, true, true);
-    m.StdLength(2) = 6;
-    m.ChosenStd = 2;
-    m.ChosenBars = 11;
+    Module1 m = SettledProblem({5.5f, 4.3f, 3.2f, 2.1f, 1.65f, 1.2f, 1.0f, 0.5f}, true,
+                               {0, 1, 0, 0, 1}, 2, 6, 11);
     m.ChosenWaste = 0.05f;
-    m.PatternPieces(2, 2) = 1;
-    m.PatternPieces(2, 5) = 1;
     m.BarMonWasteA = 0.17;
     m.StepMonWasteA = 1.87;
     m.BarMonWasteB = 0.2;
@@ -70,7 +73,8 @@ TEST(CuttingLine, WasteBlockFollowsTheMethodAndItsPrices) {
     m.ChosenWaste = 0;
     WriteCuttingLine(m, tiny1);
 
-    const std::string body = "      6       11       1 x    4.3    1 x   1.65" + Spaces(84);
+    const std::string body =
+        "      6       11       1 x    4.3    1 x   1.65" + std::string(84, ' ');
     EXPECT_EQ(tiny1,
               (std::vector<std::string>{body + "     11      0.05      0.55      0.17      1.87",
                                         body + "     11      0.05      0.55      0.20      2.20",
@@ -78,9 +82,7 @@ TEST(CuttingLine, WasteBlockFollowsTheMethodAndItsPrices) {
     EXPECT_EQ(m.LineText, body);
     ASSERT_EQ(m.PassLines.size(), 5u);
     for (const CutLineRecord& line : m.PassLines) {
-        EXPECT_EQ(line.row, 2);
-        EXPECT_EQ(line.stdLength, m.StdLength(2));
-        EXPECT_EQ(line.bars, m.ChosenBars);
+        EXPECT_EQ(std::tie(line.row, line.stdLength, line.bars), std::tuple(2, 6.0f, 11));
     }
     EXPECT_EQ(m.MaxItemsInLine, 2.0f);
     // Only the three lines with a waste block count their bars.
@@ -88,13 +90,8 @@ TEST(CuttingLine, WasteBlockFollowsTheMethodAndItsPrices) {
 }
 
 TEST(CuttingLine, ValuesLoseWhatTheirFieldCannotHold) {
-    Module1 m = SettledProblem({99999.9f, 210.0f, 1.65f, 1.234f, 0.8f}, true, true);
-    for (int j = 1; j <= 5; ++j) {
-        m.PatternPieces(1, j) = j == 5 ? 123456 : 1;
-    }
-    m.StdLength(1) = 12345.67f;
-    m.ChosenStd = 1;
-    m.ChosenBars = 1;
+    Module1 m = SettledProblem({99999.9f, 210.0f, 1.65f, 1.234f, 0.8f}, true, {1, 1, 1, 1, 123456},
+                               1, 12345.67f, 1);
     m.ShowWasteSummary = kFalse;
     std::vector<std::string> tiny1;
     WriteCuttingLine(m, tiny1);
@@ -107,7 +104,7 @@ TEST(CuttingLine, ValuesLoseWhatTheirFieldCannotHold) {
 // Method B with every length priced shows the money figures; a percentage of two digits fills
 // its field.
 TEST(ReportFoot, MethodBPricedShowsMoneyAndCost) {
-    Module1 m = SettledProblem({3, 2, 1}, false, true);
+    Module1 m = SettledProblem({3, 2, 1}, false);
     m.WasteBarsTotal = 7;
     m.TotalMatWasteB = 123.45;
     m.TotalMonWasteB = 67.8;
@@ -117,15 +114,16 @@ TEST(ReportFoot, MethodBPricedShowsMoneyAndCost) {
     m.TotalCostA = 999;  // the other Method's figures are not printed
     std::vector<std::string> tiny1;
     WriteReportFoot(m, tiny1);
-    EXPECT_EQ(tiny1, (std::vector<std::string>{
-                         "----------------    -------------" + std::string(28, '-') + "    ---" +
-                             std::string(40, '-'),
-                         "Method Used    => B  " + Spaces(40) + "      7" + Spaces(10) +
-                             "    123.45" + Spaces(10) + "     67.80",
-                         "Total  Cost    =>         6128.80",
-                         "----------------          =======" + Spaces(28) +
-                             "    Waste Material =12.50 %      Money = 0.94 %",
-                     }));
+    EXPECT_EQ(tiny1,
+              (std::vector<std::string>{
+                  "----------------    -------------" + std::string(28, '-') + "    ---" +
+                      std::string(40, '-'),
+                  "Method Used    => B  " + std::string(40, ' ') + "      7" +
+                      std::string(10, ' ') + "    123.45" + std::string(10, ' ') + "     67.80",
+                  "Total  Cost    =>         6128.80",
+                  "----------------          =======" + std::string(28, ' ') +
+                      "    Waste Material =12.50 %      Money = 0.94 %",
+              }));
 }
 
 }  // namespace

@@ -8,8 +8,6 @@
 namespace brennik {
 namespace {
 
-using testing::Bench;
-
 TEST(PageWidthFrom, TestsTheRangeBeforeRoundingHalvesToEven) {
     const std::vector<std::pair<std::string, int>> cases = {
         {"60", 60},   {"200", 200},  {"59", 66},    {"201", 66},   {"59.9", 66},
@@ -21,7 +19,7 @@ TEST(PageWidthFrom, TestsTheRangeBeforeRoundingHalvesToEven) {
 }
 
 TEST(Settings, FirstStartWritesTheDefaultsAndOkWritesThePanel) {
-    Bench bench;
+    testing::Bench bench;
     bench.m.PageWidth = 0;
     LoadSettings(bench.m, bench.surface, bench.files);
     EXPECT_EQ(bench.Read("brennik.cnf"), "#FALSE#,#FALSE#,66\r\n");
@@ -70,7 +68,7 @@ TEST(Settings, LoadReadsTheFirstLineAndRepairsNothing) {
         {"\xff\xfe garbage,,", false, false, 66},
     };
     for (const auto& [contents, waste, reference, width] : cases) {
-        Bench bench;
+        testing::Bench bench;
         bench.files.WriteFile("brennik.cnf", contents);
         LoadSettings(bench.m, bench.surface, bench.files);
         EXPECT_EQ(bench.m.ShowWasteSummary != 0, waste) << contents;

@@ -9,8 +9,8 @@
 #include <cstdlib>
 #include <map>
 #include <memory>
+#include <optional>
 #include <random>
-#include <sstream>
 #include <string>
 #include <tuple>
 
@@ -45,18 +45,10 @@ struct SoakCase {
 };
 
 std::string Describe(const SoakCase& soak) {
-    std::ostringstream text;
-    text << soak.family << (soak.methodB ? ", Method B" : ", Method A")
-         << (soak.advanced ? ", Advanced" : "") << (soak.wasteSummary ? ", waste summary" : "")
-         << "\n  standard:";
-    for (const auto& [length, price] : soak.problem.stock) {
-        text << " " << length << "/" << (price.empty() ? "-" : price);
-    }
-    text << "\n  cutting:";
-    for (const auto& [length, quantity] : soak.problem.cuts) {
-        text << " " << length << "x" << quantity;
-    }
-    return text.str();
+    return soak.family + (soak.methodB ? ", Method B" : ", Method A") +
+           (soak.advanced ? ", Advanced" : "") + (soak.wasteSummary ? ", waste summary" : "") +
+           "\n  standard: " + ::testing::PrintToString(soak.problem.stock) +
+           "\n  cutting: " + ::testing::PrintToString(soak.problem.cuts);
 }
 
 // Lengths in hundredths, the grain of every entry once the intake has rounded it.
@@ -64,10 +56,10 @@ int64_t Hundredths(double value) {
     return std::llround(value * 100);
 }
 
-// A plan's lines as the report shows them: bar length, bars, and pieces by length, in
-// hundredths; in one order whatever the order of the lines.
+// A cutting line as the report shows it: bar length, bars, and pieces by length, in hundredths.
 using LineShape = std::pair<std::pair<int64_t, int64_t>, std::map<int64_t, int64_t>>;
 
+// A plan's lines in one order whatever the order of the lines.
 std::vector<LineShape> ShapesOf(const CuttingProblem& problem, const Plan& plan) {
     std::vector<LineShape> shapes;
     for (const PlanLine& line : plan) {
@@ -83,47 +75,29 @@ std::vector<LineShape> ShapesOf(const CuttingProblem& problem, const Plan& plan)
     return shapes;
 }
 
-std::vector<LineShape> ShapesOf(const SolutionReport& report) {
-    std::vector<LineShape> shapes;
-    for (const ReportGroup& group : report.groups) {
-        for (const ReportLine& line : group.lines) {
-            LineShape& shape = shapes.emplace_back();
-            shape.first = {Hundredths(line.stdLength), line.bars};
-            for (const ReportItem& item : line.items) {
-                shape.second[Hundredths(item.length)] += item.pieces;
-            }
-        }
-    }
-    std::sort(shapes.begin(), shapes.end());
-    return shapes;
-}
-
 // Every figure of the report against the others, its pieces against those asked for, and its
 // lines against those of the plan that made it.
 void CheckReport(const std::string& contents, const SoakCase& soak, bool advanced,
                  const CuttingProblem& problem, const Plan& plan, const std::string& mark = "") {
     const SolutionReport report = ReadReport(contents);
-    EXPECT_EQ(ShapesOf(report), ShapesOf(problem, plan)) << "the report read back";
-    for (const std::string& fault : report.faults) {
-        ADD_FAILURE() << fault;
-    }
+    EXPECT_TRUE(report.faults.empty()) << ::testing::PrintToString(report.faults);
     // Method A needs a price on every length; without one the press runs as Method B.
     const bool allPriced = std::none_of(soak.problem.stock.begin(), soak.problem.stock.end(),
                                         [](const auto& row) { return row.second.empty(); });
-    EXPECT_EQ(report.wasteSummary, soak.wasteSummary);
-    EXPECT_EQ(report.reference,
-              soak.wasteSummary ? std::optional<std::string>(kReference) : std::nullopt);
-    EXPECT_EQ(report.money, allPriced);
     std::string label = std::string("Method Used    => ") +
                         (!soak.methodB && allPriced ? "A" : "B") + (advanced ? "A" : "") + mark;
     label.resize(21, ' ');
-    EXPECT_EQ(report.methodLabel, label);
+    const auto reference =
+        soak.wasteSummary ? std::optional<std::string>(kReference) : std::nullopt;
+    EXPECT_EQ(std::tie(report.wasteSummary, report.money, report.methodLabel, report.reference),
+              std::tie(soak.wasteSummary, allPriced, label, reference));
 
     std::map<int64_t, int64_t> asked;
     for (const auto& [length, quantity] : soak.problem.cuts) {
         asked[Hundredths(std::stod(length))] += std::stoll(quantity);
     }
     std::map<int64_t, int64_t> cut;
+    std::vector<LineShape> shapes;
     int64_t wasteBars = 0;
     int wasteLines = 0;
     double materialWaste = 0;
@@ -139,7 +113,10 @@ void CheckReport(const std::string& contents, const SoakCase& soak, bool advance
             EXPECT_EQ(line.stdLength, length) << "a line in the group of another length";
             bars += line.bars;
             int64_t waste = Hundredths(line.stdLength);
+            LineShape& shape = shapes.emplace_back();
+            shape.first = {Hundredths(line.stdLength), line.bars};
             for (const ReportItem& item : line.items) {
+                shape.second[Hundredths(item.length)] += item.pieces;
                 cut[Hundredths(item.length)] += static_cast<int64_t>(line.bars) * item.pieces;
                 waste -= item.pieces * Hundredths(item.length);
             }
@@ -160,6 +137,8 @@ void CheckReport(const std::string& contents, const SoakCase& soak, bool advance
         cost += group.price.value_or(0) * static_cast<double>(group.bars);
     }
     EXPECT_EQ(cut, asked) << "pieces in the report differ from those asked";
+    std::sort(shapes.begin(), shapes.end());
+    EXPECT_EQ(shapes, ShapesOf(problem, plan)) << "the report's lines differ from the plan's";
 
     if (report.wasteSummary) {
         // Each line's figures are rounded to hundredths; the totals are not.
@@ -178,26 +157,25 @@ void CheckReport(const std::string& contents, const SoakCase& soak, bool advance
     }
 }
 
-// The report of a press of the problem, and what the Advanced search compares: the total cost
-// when every length has a price, else the material left over.
+// A press of the problem with its report checked, and what the Advanced search compares: the
+// total cost when every length has a price, else the material left over.
 struct Pressed {
+    Pressed(const SoakCase& soak, bool advanced) {
+        bench.surface.SetRecording(false);
+        bench.surface.SetNextInput(kReference);
+        bench.Press(soak.problem.stock, soak.problem.cuts,
+                    {soak.methodB, advanced, soak.wasteSummary, soak.wasteSummary});
+        report = bench.Read("last.sol");
+        const CuttingProblem problem = ProblemOfPress(bench.m);
+        CheckReport(report, soak, advanced, problem, PlanOfPress(bench.m, problem));
+        const Module1& m = bench.m;
+        objective = m.MethodA ? m.TotalCostA : m.AllPriced ? m.TotalCostB : m.TotalMatWasteB;
+    }
+
     Bench bench;
     std::string report;
     double objective = 0;
 };
-
-void Press(Pressed& pressed, const SoakCase& soak, bool advanced) {
-    Bench& bench = pressed.bench;
-    bench.surface.SetRecording(false);
-    bench.surface.SetNextInput(kReference);
-    bench.Press(soak.problem.stock, soak.problem.cuts,
-                {soak.methodB, advanced, soak.wasteSummary, soak.wasteSummary});
-    pressed.report = bench.Read("last.sol");
-    const CuttingProblem problem = ProblemOfPress(bench.m);
-    CheckReport(pressed.report, soak, advanced, problem, PlanOfPress(bench.m, problem));
-    const Module1& m = bench.m;
-    pressed.objective = m.MethodA ? m.TotalCostA : m.AllPriced ? m.TotalCostB : m.TotalMatWasteB;
-}
 
 // The press's own plan, written as a plan, gives last.sol again but for the method's mark, and
 // the same figures. A cheaper plan of the press's problem: every piece cut exactly, never worse
@@ -217,17 +195,16 @@ void CheckCheaperPlan(Bench& bench, const SoakCase& soak, bool advanced) {
     std::string marked = bench.Read("last.sol");
     marked[marked.find("Method Used    => ") + (advanced ? 20 : 19)] = '+';
     EXPECT_EQ(bench.Read("own.sol"), marked);
-    EXPECT_EQ(std::tie(own->TotalCostA, own->TotalCostB, own->TotalMatWasteB),
-              std::tie(bench.m.TotalCostA, bench.m.TotalCostB, bench.m.TotalMatWasteB));
-    EXPECT_EQ(own->BarsBought, bench.m.BarsBought);
+    EXPECT_EQ(std::tie(own->TotalCostA, own->TotalCostB, own->TotalMatWasteB, own->BarsBought),
+              std::tie(bench.m.TotalCostA, bench.m.TotalCostB, bench.m.TotalMatWasteB,
+                       bench.m.BarsBought));
     const PlanSearchOutcome outcome = SearchCheaperPlan(problem, press, {1, nullptr, true});
     EXPECT_TRUE(CutsExactly(problem, outcome.plan));
     EXPECT_FALSE(Better(problem, press, outcome.plan));
-    const std::optional<double> least =
-        problem.objective == Objective::Cost ? outcome.leastCost : outcome.leastMaterial;
-    const int64_t figure = problem.objective == Objective::Cost
-                               ? PlanCost(problem, outcome.plan)
-                               : PlanMaterial(problem, outcome.plan);
+    const bool cost = problem.objective == Objective::Cost;
+    const std::optional<double> least = cost ? outcome.leastCost : outcome.leastMaterial;
+    const int64_t figure =
+        cost ? PlanCost(problem, outcome.plan) : PlanMaterial(problem, outcome.plan);
     ASSERT_TRUE(least);
     EXPECT_LE(*least, static_cast<double>(figure) / 100 + 0.005);
     written(outcome.plan, "cheaper.sol");
@@ -235,34 +212,32 @@ void CheckCheaperPlan(Bench& bench, const SoakCase& soak, bool advanced) {
 }
 
 void CheckPresses(const SoakCase& soak, bool withCheaperPlan) {
-    Pressed basic;
-    Press(basic, soak, false);
+    Pressed basic(soak, false);
     ASSERT_EQ(basic.bench.Status(), " Done !.");
-    Pressed advanced;
-    Pressed* last = &basic;
+    std::optional<Pressed> advanced;
     if (soak.advanced) {
-        Press(advanced, soak, true);
-        last = &advanced;
-        const std::string status = advanced.bench.Status();
+        advanced.emplace(soak, true);
+        const std::string status = advanced->bench.Status();
         if (status == " Found a Better Solution !.") {
-            EXPECT_LT(advanced.objective, basic.objective)
+            EXPECT_LT(advanced->objective, basic.objective)
                 << "the search kept a solution no better than the basic one";
         } else {
             EXPECT_TRUE(status == " Sorry,  No Better Solution." ||
                         status == " No Better Solution.")
                 << status;
-            EXPECT_EQ(advanced.objective, basic.objective);
+            EXPECT_EQ(advanced->objective, basic.objective);
             // Without a better arrangement the basic solution stands, labelled Advanced.
             std::string expected = basic.report;
             expected[expected.find("Method Used    => ") + 19] = 'A';
-            EXPECT_EQ(advanced.report, expected);
+            EXPECT_EQ(advanced->report, expected);
         }
     }
     // The form as the press left it, pressed again.
-    cmdFind_Click(last->bench.m, last->bench.platform);
-    EXPECT_EQ(last->bench.Read("last.sol"), last->report) << "a second press changed the report";
+    Pressed& last = advanced ? *advanced : basic;
+    cmdFind_Click(last.bench.m, last.bench.platform);
+    EXPECT_EQ(last.bench.Read("last.sol"), last.report) << "a second press changed the report";
     if (withCheaperPlan) {
-        CheckCheaperPlan(last->bench, soak, soak.advanced);
+        CheckCheaperPlan(last.bench, soak, soak.advanced);
     }
 }
 
