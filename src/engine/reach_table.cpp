@@ -85,8 +85,10 @@ int64_t ReachTable::WorkToBuild(int count, const int64_t* lengths, const int64_t
 
 bool ReachTable::Covers(int count, const int64_t* lengths, const int64_t* most, int64_t bar,
                         int* rows) const {
-    if (bar > built_.bar) {
-        return false;  // the rows hold no sums above their own bar
+    if (bar > built_.bar || built_.modulusRow > 0) {
+        // The rows hold no sums above their own bar; and a row by residue is read sum by sum,
+        // far too slowly for the walk's many reads.
+        return false;
     }
     int at = 1;
     for (int d = 1; d < count; ++d) {
