@@ -73,11 +73,17 @@ int64_t ReachTable::WorkToBuild(int count, const int64_t* lengths, const int64_t
                                 int64_t bar) {
     int spacing = 0;
     const int standing = Lay(count, lengths, most, bar, spacing, planned_);
-    if (standing >= count - planned_.modulusRow - 1) {
-        return 0;  // every row of bits stands, and the rows by residue made from them
-    }
+    const int modulusRow = planned_.modulusRow;
     int64_t work = 0;
-    for (int d = 1; d < count - std::max(standing, 0); ++d) {
+    if (standing < count - modulusRow - 1) {
+        for (int d = modulusRow + 1; d < count - std::max(standing, 0); ++d) {
+            work += RowWork(planned_, d);
+        }
+    }
+    // The rows by residue stand only on the very rows of bits they were made from.
+    const auto residuesStanding =
+        planned_.sources == bitsSources_ ? ResidueRowsStanding(planned_) : 0;
+    for (int d = 1; d <= modulusRow - static_cast<int>(residuesStanding); ++d) {
         work += RowWork(planned_, d);
     }
     return work;
@@ -211,21 +217,25 @@ uint64_t* ReachTable::Row(int d) {
 
 // Row k of least_ is row built_.modulusRow - k of the table: the modulus row first, then each row
 // above it, so that the rows shared with the last build stand where it left them.
+std::size_t ReachTable::ResidueRowsStanding(Layout& layout) const {
+    // What each row adds: its length and the most pieces of it, or -1 for any number.
+    layout.sources.clear();
+    for (int d = layout.modulusRow; d >= 1; --d) {
+        const bool anyCount = layout.rowMost[d] >= layout.bar / layout.rowLength[d];
+        layout.sources.insert(layout.sources.end(),
+                              {layout.rowLength[d], anyCount ? -1 : layout.rowMost[d]});
+    }
+    // Rows stand up to the first whose length or limit differs.
+    const auto differs = std::mismatch(layout.sources.begin(), layout.sources.end(),
+                                       residueSources_.begin(), residueSources_.end())
+                             .first;
+    return static_cast<std::size_t>(differs - layout.sources.begin()) / 2;
+}
+
 void ReachTable::BuildResidues() {
     const auto width = static_cast<std::size_t>(built_.modulus);
     least_.resize(static_cast<std::size_t>(built_.modulusRow) * width);
-    // What each row adds: its length and the most pieces of it, or -1 for any number.
-    built_.sources.clear();
-    for (int d = built_.modulusRow; d >= 1; --d) {
-        const bool anyCount = built_.rowMost[d] >= built_.bar / built_.rowLength[d];
-        built_.sources.insert(built_.sources.end(),
-                              {built_.rowLength[d], anyCount ? -1 : built_.rowMost[d]});
-    }
-    // Rows stand up to the first whose length or limit differs.
-    const auto differs = std::mismatch(built_.sources.begin(), built_.sources.end(),
-                                       residueSources_.begin(), residueSources_.end())
-                             .first;
-    auto standing = static_cast<std::size_t>(differs - built_.sources.begin()) / 2;
+    auto standing = ResidueRowsStanding(built_);
     residueSources_ = built_.sources;
     if (standing == 0) {
         // The modulus row holds the sums of the rows of bits below it, and their sums with

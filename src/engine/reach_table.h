@@ -100,6 +100,9 @@ private:
     // added again and again to reach the others. The row of the modulus length takes the least
     // sums from the bits of the row below it. Rows the last build made the same way stand.
     void BuildResidues();
+    // How many rows by residue of the last build, from the modulus row up, stand for `layout`,
+    // whose sources become those of its rows by residue.
+    std::size_t ResidueRowsStanding(Layout& layout) const;
     void BuildBits(int spacing, int standing);
     void AddAnyCountToResidues(int32_t* row, int64_t length);
     void AddOnceToResidues(int32_t* row, int64_t length);
