@@ -47,7 +47,8 @@ constexpr int64_t ReachLimit = int64_t{1} << 24;
 // The most counts a walk on such a bar may try before it gives way to the table: lengths that
 // never fill a bar exactly can make the walk's tree grow beyond any wait. A walk gives way
 // sooner, after about as many tries as the table would cost, its rows that stand from the last
-// search left out; but never before MinWalkBudget, which most walks stay well within.
+// search left out; but never before MinWalkBudget, which most walks stay well within (a sixteenth
+// of it after the last walk on the bar gave way).
 constexpr int64_t DefaultWalkBudget = 200000;
 constexpr int64_t MinWalkBudget = 2000;
 // The table's work that takes as long as one try of a walk.
@@ -165,13 +166,15 @@ public:
 private:
     // About as many tries as the table would cost, so that a walk that must give way wastes
     // no more than the table's own work; a quarter of that after the last walk on the bar gave
-    // way, as the next one mostly does too.
+    // way, as the next one mostly does too, and then never less than a sixteenth of the least
+    // budget: where the table stands, reading it costs less than a long walk.
     int64_t WalkBudget(bool lastGaveWay) const {
         const int64_t tableTries =
             ThreadTable().WorkToBuild(count_, length_.data(), tableMost_.data(), tableTop_) /
             WorkPerTry;
         const int64_t cap = walkBudget.load(std::memory_order_relaxed);
-        return std::min(cap, std::max(MinWalkBudget, lastGaveWay ? tableTries / 4 : tableTries));
+        return std::min(cap, lastGaveWay ? std::max(MinWalkBudget / 16, tableTries / 4)
+                                         : std::max(MinWalkBudget, tableTries));
     }
 
     // Whether lengths depth, depth+1, ... may fill `rest` leaving less than `target` over.
