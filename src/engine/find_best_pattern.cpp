@@ -55,8 +55,8 @@ constexpr int64_t MinWalkBudget = 2000;
 constexpr int64_t WorkPerTry = 80;
 // A walk reads the table of an earlier search to rule out the counts of a length only while
 // more than this many lengths remain from the next one on: the branches below fewer are small,
-// and a read, mostly out of the cache, costs more than they do. (Measured: 5, 8 and 12 lengths
-// left the walk 16.0, 12.3 and 16.3 s of processor time on the slowest hunted problems.)
+// and a read, mostly out of the cache, costs more than they do. (Measured on twenty presses of
+// the slowest problems found: 5, 8 and 12 lengths took 16.0, 12.3 and 16.3 s of processor time.)
 constexpr int ShortBranch = 8;
 std::atomic<int64_t> walkBudget{DefaultWalkBudget};
 
@@ -71,8 +71,10 @@ ReachTable& ThreadTable() {
 // with the first length outermost, and a candidate replaces the best only when it wastes
 // strictly less, so the result is that of the complete enumeration. Branches are cut where
 // they cannot reach a strictly smaller waste: a remainder below 0, a remainder that the
-// deeper lengths cannot fill below the best, or one whose residue modulo the deeper lengths'
-// common divisor is already no better. The walk stops at the least waste the lengths allow.
+// deeper lengths cannot fill below the best, one whose residue modulo the deeper lengths'
+// common divisor is already no better, or one that the table of an earlier search, holding at
+// least every sum of the deeper lengths, cannot fill below the best. The walk stops at the
+// least waste the lengths allow.
 // Where the walk grows too large, the same pattern is read off a table of reachable sums.
 class PatternWalk {
 public:

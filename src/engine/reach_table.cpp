@@ -215,8 +215,6 @@ uint64_t* ReachTable::Row(int d) {
     return Slot(keptSlots_ + static_cast<std::size_t>(top - d - 1));
 }
 
-// Row k of least_ is row built_.modulusRow - k of the table: the modulus row first, then each row
-// above it, so that the rows shared with the last build stand where it left them.
 std::size_t ReachTable::ResidueRowsStanding(Layout& layout) const {
     // What each row adds: its length and the most pieces of it, or -1 for any number.
     layout.sources.clear();
@@ -232,6 +230,8 @@ std::size_t ReachTable::ResidueRowsStanding(Layout& layout) const {
     return static_cast<std::size_t>(differs - layout.sources.begin()) / 2;
 }
 
+// Row k of least_ is the k-th row of the table from the modulus row up: the modulus row first,
+// then each row above it, so that the rows shared with the last build stand where it left them.
 void ReachTable::BuildResidues() {
     const auto width = static_cast<std::size_t>(built_.modulus);
     least_.resize(static_cast<std::size_t>(built_.modulusRow) * width);
@@ -243,9 +243,9 @@ void ReachTable::BuildResidues() {
         int32_t* row = least_.data();
         std::fill(row, row + width, None);
         const uint64_t* below = Row(built_.modulusRow + 1);
-        // The last word may hold bits past built_.bitsBar: a row adds a length any number of times
-        // where that makes the same sums up to built_.bitsBar, and the pieces beyond its limit land
-        // there.
+        // The last word may hold bits past the highest sum of the rows of bits: a row adds a length
+        // any number of times where that makes the same sums up to that sum, and the pieces beyond
+        // its limit land there.
         const uint64_t lastWord = ~uint64_t{0} >> (63 - built_.bitsBar % 64);
         for (std::size_t word = 0; word < words_; ++word) {
             for (uint64_t bits = below[word] & (word + 1 < words_ ? ~uint64_t{0} : lastWord);
