@@ -121,6 +121,11 @@ std::vector<Operation> Operations() {
     };
 }
 
+// The operation's name, in test names and messages.
+void PrintTo(const Operation& operation, std::ostream* out) {
+    *out << operation.name;
+}
+
 class FaultInjection : public ::testing::TestWithParam<Operation> {};
 
 TEST_P(FaultInjection, EveryFailingFileStepIsToldOrPassedOverAndTheNextTryWorks) {
@@ -177,7 +182,7 @@ TEST_P(FaultInjection, EveryFailingFileStepIsToldOrPassedOverAndTheNextTryWorks)
 }
 
 INSTANTIATE_TEST_SUITE_P(FileOperations, FaultInjection, ::testing::ValuesIn(Operations()),
-                         [](const auto& test) { return test.param.name; });
+                         ::testing::PrintToStringParamName());
 
 }  // namespace
 }  // namespace brennik
