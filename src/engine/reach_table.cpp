@@ -149,6 +149,7 @@ int ReachTable::Lay(int count, const int64_t* lengths, const int64_t* most, int6
 
 void ReachTable::Build(int count, const int64_t* lengths, const int64_t* most, int64_t bar,
                        int spacing) {
+    const int lastCount = built_.count;
     const int standing = Lay(count, lengths, most, bar, spacing, planned_);
     std::swap(built_, planned_);
     const int rows = count - built_.modulusRow;
@@ -158,9 +159,8 @@ void ReachTable::Build(int count, const int64_t* lengths, const int64_t* most, i
     } else {
         // All stand; the rows between kept ones that were worked out last keep their place
         // counted from the bottom.
-        segmentTop_ += count - builtCount_;
+        segmentTop_ += count - lastCount;
     }
-    builtCount_ = count;
     // The rows by residue stand only on the very rows of bits they were made from.
     if (built_.sources != bitsSources_) {
         bitsSources_ = built_.sources;
@@ -322,18 +322,6 @@ void ReachTable::AddOnceToResidues(int32_t* row, int64_t length) {
     }
 }
 
-bool ReachTable::RowHas(int d, int64_t sum) {
-    if (sum < 0) {
-        return false;
-    }
-    if (ByResidue(d)) {
-        const auto width = static_cast<std::size_t>(built_.modulus);
-        return least_[static_cast<std::size_t>(built_.modulusRow - d) * width +
-                      static_cast<std::size_t>(sum % built_.modulus)] <= sum;
-    }
-    return sum <= built_.bitsBar && ((Row(d)[sum / 64] >> (sum % 64)) & 1) != 0;
-}
-
 int64_t ReachTable::RowHighest(int d, int64_t limit, int64_t lowest) {
     if (ByResidue(d)) {
         // The next sum above the highest one is that sum plus the modulus length, so the
@@ -409,26 +397,13 @@ void ReachTable::OrderRows(Layout& layout) {
 }
 
 bool ReachTable::Has(int d, int64_t sum) {
-    return d == 1 ? RowHas(1, sum) : HasWithFew(built_.fewFrom[d], built_.othersFrom[d], sum);
+    return sum >= 0 && HighestUpTo(d, sum, sum) == sum;
 }
 
 int64_t ReachTable::HighestUpTo(int d, int64_t limit, int64_t lowest) {
     return d == 1 ? RowHighest(1, limit, lowest)
                   : HighestWithFew(built_.fewFrom[d], built_.othersFrom[d], limit,
                                    std::max<int64_t>(lowest, 0));
-}
-
-bool ReachTable::HasWithFew(int k, int row, int64_t sum) {
-    if (k == static_cast<int>(built_.few.size())) {
-        return RowHas(row, sum);
-    }
-    const int d = built_.few[k];
-    for (int64_t c = 0; c <= built_.most[d] && c * built_.length[d] <= sum; ++c) {
-        if (HasWithFew(k + 1, row, sum - c * built_.length[d])) {
-            return true;
-        }
-    }
-    return false;
 }
 
 int64_t ReachTable::HighestWithFew(int k, int row, int64_t limit, int64_t lowest) {

@@ -82,12 +82,10 @@ private:
     static void OrderRows(Layout& layout);
     // What making row d writes, in words or numbers.
     static int64_t RowWork(const Layout& layout, int d);
-    // Whether `sum`, or the highest sum from `lowest` to `limit` (-1 for none), is one of table
-    // row `row` with pieces of the lengths on top from the k-th on added.
-    bool HasWithFew(int k, int row, int64_t sum);
+    // The highest sum from `lowest` to `limit` (-1 for none) of table row `row` with pieces of
+    // the lengths on top from the k-th on added.
     int64_t HighestWithFew(int k, int row, int64_t limit, int64_t lowest);
     // The same for the sums of table row d alone.
-    bool RowHas(int d, int64_t sum);
     int64_t RowHighest(int d, int64_t limit, int64_t lowest);
     // The deepest row d >= 1 whose length can go in as often as the bar holds it and is short
     // enough for rows by residue to be the smaller table; 0 when there is none.
@@ -124,9 +122,8 @@ private:
     void AddShifted(const uint64_t* from, uint64_t* to, int64_t shift);
     void AddAnyCount(const uint64_t* from, uint64_t* to, int64_t shift);
 
-    Layout built_;        // that of the rows the table holds
-    Layout planned_;      // that of a build weighed or at work
-    int builtCount_ = 0;  // the count of the last build, whose rows the table holds
+    Layout built_;    // that of the rows the table holds
+    Layout planned_;  // that of a build weighed or at work
     int spacing_ = 1;
     std::size_t keptSlots_ = 0;
     int segmentTop_ = 0;  // the kept row whose rows below are in the spare slots
