@@ -260,6 +260,21 @@ std::vector<Family> MakeFamilies(int perFamily, uint32_t seed, Shape shape) {
         }
         return f;
     }());
+    // The longest bars with 40 lengths a + k d for k from 0 to 39, where a and d are typed with
+    // more decimals than the boxes keep: rounded to hundredths, the steps differ by one here and
+    // there. Few sums fill a bar, no common step helps, and the shortest lengths, used in every
+    // bar, run short first.
+    families.push_back([&] {
+        Family f{"rounded progressions", false, {}, true};
+        for (int k = 0; k < perFamily; ++k) {
+            const int64_t first = g.Between(5000, 200000);
+            const int64_t stepThousandths = g.Between(1000, 5000000);
+            f.problems.push_back(g.Make(
+                [&] { return g.Between(555550, 999999) * 10; },
+                [&] { return first + (g.Between(0, 39) * stepThousandths + 500) / 1000; }, 99999));
+        }
+        return f;
+    }());
     return families;
 }
 
