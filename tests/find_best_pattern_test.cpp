@@ -74,22 +74,19 @@ TEST(FindBestPattern, WorkedCasesAndTheirEdges) {
     }
 }
 
-// How the random problems are drawn: how many, the shortest bar, how many lengths, the shortest
-// length in hundredths and the most pieces wanted of each; and whether every other search is
-// answered by the table, so that the walks between read the table of the search before them.
+// How the random problems are drawn: how many, the shortest bar, how many lengths at least and
+// at most, the shortest length in hundredths and the most pieces wanted of each; and whether
+// every other search is answered by the table, so that the walks between read the table of the
+// search before them.
 struct Draw {
-    int problems = 2000;
-    int shortestBar = 200;
-    int fewestLengths = 1;
-    int mostLengths = 8;
-    int shortest = 40;
-    int mostWanted = 12;
+    int problems = 2000, shortestBar = 200, fewestLengths = 1, mostLengths = 8, shortest = 40,
+        mostWanted = 12;
     bool tablesBetween = false;
 };
 
 // Random problems with two-decimal lengths, checked call by call against the complete
 // enumeration: the whole state a pass goes through, not only its first step.
-void CheckAgainstTheCompleteEnumeration(const Draw& draw = {}) {
+void CheckAgainstTheCompleteEnumeration(const Draw& draw) {
     std::mt19937 random(20261122);
     auto uniform = [&](int low, int high) {
         return std::uniform_int_distribution<int>(low, high)(random);
@@ -151,30 +148,19 @@ void CheckAgainstTheCompleteEnumeration(const Draw& draw = {}) {
     EXPECT_GT(callsChecked, 10 * draw.problems);
 }
 
+// Three runs: searches as the engine makes them, every search answered by the table, and lists
+// of ten to twelve lengths, long enough for a walk to read the table of the search before it to
+// rule out counts, whose pieces run out between the two searches.
 TEST(FindBestPattern, AgreesWithTheCompleteEnumerationOnRandomProblems) {
-    ForgetPatterns();
-    CheckAgainstTheCompleteEnumeration();
-}
-
-TEST(FindBestPattern, TableOfReachableSumsAgreesWithTheCompleteEnumeration) {
-    SetWalkBudget(0);  // every search answered by the table
-    ForgetPatterns();
-    CheckAgainstTheCompleteEnumeration();
-    SetWalkBudget(-1);
-    ForgetPatterns();
-}
-
-// Lists of ten to twelve lengths, long enough for a walk to read the table of the search
-// before it to rule out counts, whose pieces run out between the two searches.
-TEST(FindBestPattern, WalksReadingAnEarlierTableAgreeWithTheCompleteEnumeration) {
-    ForgetPatterns();
-    CheckAgainstTheCompleteEnumeration({.problems = 300,
-                                        .shortestBar = 1000,
-                                        .fewestLengths = 10,
-                                        .mostLengths = 12,
-                                        .shortest = 100,
-                                        .mostWanted = 2,
-                                        .tablesBetween = true});
+    const std::pair<int64_t, Draw> runs[] = {
+        {-1, {}}, {0, {}}, {-1, {300, 1000, 10, 12, 100, 2, true}}};
+    for (const auto& [walkBudget, draw] : runs) {
+        SCOPED_TRACE("walk budget " + std::to_string(walkBudget) +
+                     (draw.tablesBetween ? ", tables between" : ""));
+        SetWalkBudget(walkBudget);
+        ForgetPatterns();
+        CheckAgainstTheCompleteEnumeration(draw);
+    }
     SetWalkBudget(-1);
     ForgetPatterns();
 }

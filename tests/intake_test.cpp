@@ -51,9 +51,11 @@ struct Form : testing::Bench {
 };
 
 // A half goes to the even digit; 0.005 lies a little above the half as a double, so it rounds
-// up. Beyond the limits or without a number, a standard row goes whole, a price alone. Each form
-// tries a length in row 1 and, in turn, a price in row 2.
-TEST(StandardRows, AreWrittenBackInNormalFormOrDroppedInSilence) {
+// up. Beyond the limits or without a number, a standard row goes whole, a price alone; a cutting
+// row without a number in either box is emptied in silence, and a quantity up to 99999 is taken,
+// rounded down. Each form tries, in turn, a length in standard row 1, a price in standard row 2,
+// an empty cutting row 1 and a quantity in cutting row 2.
+TEST(EntryRows, AreWrittenBackInNormalFormOrDroppedInSilence) {
     const Rows keptLengths = {
         {"99999.9", "99999.9"}, {"99999.899", "99999.9"}, {"0.005", "0.01"}, {"1.2.3.4", "1.2"},
         {"12abcde", "12"},      {"1,5,0,0", "1"},         {"+5", "5"},       {"5e", "5"},
@@ -62,11 +64,20 @@ TEST(StandardRows, AreWrittenBackInNormalFormOrDroppedInSilence) {
     const Rows prices =
         Cases({{"99999.9", "99999.9"}, {".8", "0.8"}, {" 2.125", "2.12"}},
               Joined(kNoNumbers, {"99999.91", "100000", "1e999", "-1e999", "-0.01", "0.004"}), "");
+    Rows emptyRows = {{"0.001", ""}};
+    for (const std::string& text : kNoNumbers) {
+        emptyRows.emplace_back(text, text);
+    }
+    const Rows quantities = {{"99999", "99999"}, {"99999.9", "99999"}, {"99999.999", "99999"},
+                             {"1.9", "1"},       {"3e2", "300"},       {"12abcde", "12"}};
     for (std::size_t k = 0; k < std::max(lengths.size(), prices.size()); ++k) {
         const auto& [length, shownLength] = lengths[k % lengths.size()];
         const auto& [price, shownPrice] = prices[k % prices.size()];
-        SCOPED_TRACE(length + " / " + price);
-        const Form form({{length, "10"}, {"12", price}}, {{"1", "2"}});
+        const auto& [quantity, shownQuantity] = quantities[k % quantities.size()];
+        const auto& emptyRow = emptyRows[k % emptyRows.size()];
+        SCOPED_TRACE(length + " / " + price + " / " + emptyRow.first + " / " + quantity);
+        const Form form({{length, "10"}, {"12", price}},
+                        {emptyRow, {"99999.9", quantity}, {"0.005", "2"}});
         EXPECT_EQ(form.m.EntryError, kFalse);
         EXPECT_EQ(form.Text(Ctl::txtSL, 1), shownLength);
         EXPECT_EQ(form.Text(Ctl::txtSP, 1), shownLength.empty() ? "" : "10");
@@ -75,6 +86,12 @@ TEST(StandardRows, AreWrittenBackInNormalFormOrDroppedInSilence) {
         EXPECT_EQ(form.Text(Ctl::txtSL, 2) + "/" + form.Text(Ctl::txtSP, 2), "12/" + shownPrice);
         EXPECT_EQ(form.m.StdPrice(2), shownPrice.empty() ? 0.0f : std::stof(shownPrice));
         EXPECT_EQ(form.Text(Ctl::txtLong), "");
+        EXPECT_EQ(form.Text(Ctl::txtL, 1) + form.Text(Ctl::txtN, 1), "");
+        EXPECT_EQ(form.m.CutLength(1), 0.0f);
+        EXPECT_EQ(form.Text(Ctl::txtN, 2), shownQuantity);
+        EXPECT_EQ(form.m.CutQty(2), std::stoi(shownQuantity));
+        EXPECT_EQ(form.m.CutLength(2), EntryLimit);
+        EXPECT_EQ(form.Text(Ctl::txtL, 3), "0.01");
     }
 }
 
@@ -110,29 +127,6 @@ TEST(CuttingRows, TheFirstRowThatCannotBeCutIsRefused) {
         EXPECT_EQ(form.surface.State({Ctl::txtL, 2}).fore, Black);
         EXPECT_EQ(form.surface.State({Ctl::txtL, 3}).fore, Red);
         EXPECT_EQ(form.surface.Focus(), (Control{Ctl::txtL, 3}));
-    }
-}
-
-// Without a number in either box a cutting row is emptied in silence; a quantity up to 99999 is
-// taken, rounded down.
-TEST(CuttingRows, ARowWithoutNumbersIsEmptiedAndQuantitiesAreRoundedDown) {
-    for (const std::string& text : Joined(kNoNumbers, {"0.001"})) {
-        SCOPED_TRACE("both boxes " + text);
-        const Form form({{"12", "1"}}, {{text, text == "0.001" ? "" : text}, {"5", "2"}});
-        EXPECT_EQ(form.m.EntryError, kFalse);
-        EXPECT_EQ(form.Text(Ctl::txtL, 1) + form.Text(Ctl::txtN, 1), "");
-        EXPECT_EQ(form.m.CutLength(1), 0.0f);
-    }
-    const Rows taken = {{"99999", "99999"}, {"99999.9", "99999"}, {"99999.999", "99999"},
-                        {"1.9", "1"},       {"3e2", "300"},       {"12abcde", "12"}};
-    for (const auto& [text, shown] : taken) {
-        SCOPED_TRACE(text);
-        const Form form({{"99999.9", "1"}}, {{"99999.9", text}, {"0.005", "2"}});
-        EXPECT_EQ(form.m.EntryError, kFalse);
-        EXPECT_EQ(form.Text(Ctl::txtN, 1), shown);
-        EXPECT_EQ(form.m.CutQty(1), std::stoi(shown));
-        EXPECT_EQ(form.m.CutLength(1), EntryLimit);
-        EXPECT_EQ(form.Text(Ctl::txtL, 2), "0.01");
     }
 }
 

@@ -4,13 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cmath>
-#include <map>
 #include <numeric>
 #include <string>
 #include <vector>
 
-#include "diagram/report_reader.h"
 #include "files/problem_files.h"
 #include "files/text_lines.h"
 #include "press_fixture.h"
@@ -20,61 +17,25 @@ namespace brennik {
 namespace {
 
 using testing::Bench;
+using testing::PieceCounts;
+using testing::PiecesAsked;
+using testing::PiecesCut;
 using testing::Rows;
 using Texts = std::vector<std::string>;
-using Pieces = std::map<long, int64_t>;  // by length in hundredths
-
-long Hundredths(double length) {
-    return std::lround(length * 100);
-}
-
-Pieces Asked(const Rows& cuts) {
-    Pieces asked;
-    for (const auto& [length, quantity] : cuts) {
-        asked[Hundredths(std::stod(length))] += std::stoll(quantity);
-    }
-    return asked;
-}
-
-// The pieces of a report with every line in its layout.
-Pieces CutIn(const std::string& contents) {
-    const SolutionReport report = ReadReport(contents);
-    EXPECT_TRUE(report.faults.empty());
-    Pieces cut;
-    for (const ReportGroup& group : report.groups) {
-        for (const ReportLine& line : group.lines) {
-            for (const ReportItem& item : line.items) {
-                cut[Hundredths(item.length)] += line.bars * item.pieces;
-            }
-        }
-    }
-    return cut;
-}
-
-// Types the rows, presses Find Solution and tells whether the press ended with a whole report.
-bool Solved(Bench& bench, const Rows& stock, const Rows& cuts) {
-    bench.Type(stock, cuts);
-    cmdFind_Click(bench.m, bench.platform);
-    return bench.Status() == " Done !." && bench.folder.FileNames() == Texts{"last.sol"} &&
-           CutIn(bench.Read("last.sol")) == Asked(cuts);
-}
 
 TEST(Limits, AtTheLimitTheRowIsCutAndPrintedInItsSevenColumns) {
     Bench bench;
-    bench.m.ShowWasteSummary = kTrue;
-    EXPECT_TRUE(Solved(bench, {{"99999.9", "99999.9"}}, {{"99999.9", "3"}, {"0.005", "2"}}));
+    const Rows cuts = {{"99999.9", "3"}, {"0.005", "2"}};
+    bench.Press({{"99999.9", "99999.9"}}, cuts, {.wasteSummary = true});
+    EXPECT_EQ(bench.Status(), " Done !.");
+    EXPECT_EQ(bench.folder.FileNames(), Texts{"last.sol"});
+    EXPECT_EQ(PiecesCut(bench.ReadBack()), PiecesAsked(cuts));
     EXPECT_EQ(bench.surface.Text({Ctl::txtL, 2}), "0.01");
     const std::string report = bench.Read("last.sol");
     EXPECT_NE(report.find("99999.9        3       1 x99999.9"), std::string::npos) << report;
     EXPECT_NE(report.find("99999.9        1       2 x    .01"), std::string::npos) << report;
     EXPECT_NE(report.find("(99999.90)("), std::string::npos) << report;
     EXPECT_TRUE(bench.surface.Value({Ctl::Option1})) << "the price is taken";
-
-    Bench tooLong;
-    EXPECT_FALSE(Solved(tooLong, {{"99999.8", ""}}, {{"99999.9", "1"}}));
-    EXPECT_EQ(tooLong.Status(), " This length exceeds the longest standard length !.");
-    EXPECT_EQ(tooLong.surface.State({Ctl::txtL, 1}).fore, Red);
-    EXPECT_EQ(tooLong.surface.State({Ctl::txtN, 1}).fore, Black);
 }
 
 // Presses the problem with the waste summary; a press that never ends is the test runner's
@@ -90,12 +51,12 @@ void ExpectPressEnds(const std::string& what, const Rows& stock, const Rows& cut
     EXPECT_NE(std::find(endings.begin(), endings.end(), bench.Status()), endings.end());
     // A length of five whole digits and two decimals loses its first digit in the report's seven
     // columns, so the pieces are counted together.
-    const auto total = [](const Pieces& pieces) {
+    const auto total = [](const PieceCounts& pieces) {
         return std::accumulate(pieces.begin(), pieces.end(), int64_t{0},
                                [](int64_t sum, const auto& piece) { return sum + piece.second; });
     };
+    EXPECT_EQ(total(PiecesCut(bench.ReadBack())), total(PiecesAsked(cuts)));
     const std::string report = bench.Read("last.sol");
-    EXPECT_EQ(total(CutIn(report)), total(Asked(cuts)));
     EXPECT_NE(report.find(reportHolds), std::string::npos) << report;
 }
 
@@ -145,8 +106,8 @@ void ExpectEveryPieceCut(Bench& bench, Texts lines, const Rows& cuts, const Text
     LoadProblem(bench.m, bench.surface, bench.files);
     cmdFind_Click(bench.m, bench.platform);
     EXPECT_FALSE(bench.m.EntryError || bench.m.LengthError || bench.m.FileError);
-    EXPECT_EQ(bench.folder.FileNames(), (std::vector<std::string>{"last.sol", "problem.pro"}));
-    EXPECT_EQ(CutIn(bench.Read("last.sol")), Asked(cuts));
+    EXPECT_EQ(bench.folder.FileNames(), (Texts{"last.sol", "problem.pro"}));
+    EXPECT_EQ(PiecesCut(bench.ReadBack()), PiecesAsked(cuts));
 }
 
 // The fuzzer's input as it found it: a bar of 99 without price among five short priced ones,

@@ -1,12 +1,19 @@
 // Test support for whole presses: a problem typed into the entry boxes of an in-memory screen,
-// a fresh temporary folder as the current folder, and a fixed clock.
+// a fresh temporary folder as the current folder, and a fixed clock; the report read back and
+// its pieces counted.
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "diagram/report_reader.h"
 #include "files/file_system.h"
 #include "report/clock.h"
 #include "run/find_press.h"
@@ -72,6 +79,41 @@ struct Bench {
     }
 
     std::string Status() const { return surface.Text({Ctl::txtLong}); }
+
+    // A report read back as the diagram reads it; a line out of its layout fails the test.
+    SolutionReport ReadBack(const std::string& name = "last.sol") {
+        SolutionReport report = ReadReport(Read(name));
+        EXPECT_TRUE(report.faults.empty()) << ::testing::PrintToString(report.faults);
+        return report;
+    }
 };
+
+// Lengths in hundredths, the grain of every entry once the intake has rounded it.
+inline int64_t Hundredths(double length) {
+    return std::llround(length * 100);
+}
+
+// Pieces counted by their length in hundredths: those the cutting rows ask for, or a report cuts.
+using PieceCounts = std::map<int64_t, int64_t>;
+
+inline PieceCounts PiecesAsked(const Rows& cuts) {
+    PieceCounts asked;
+    for (const auto& [length, quantity] : cuts) {
+        asked[Hundredths(std::stod(length))] += std::stoll(quantity);
+    }
+    return asked;
+}
+
+inline PieceCounts PiecesCut(const SolutionReport& report) {
+    PieceCounts cut;
+    for (const ReportGroup& group : report.groups) {
+        for (const ReportLine& line : group.lines) {
+            for (const ReportItem& item : line.items) {
+                cut[Hundredths(item.length)] += line.bars * item.pieces;
+            }
+        }
+    }
+    return cut;
+}
 
 }  // namespace brennik::testing

@@ -52,8 +52,12 @@ void ExpectEveryRowExact(ReachTable& table, const std::vector<int64_t>& lengths,
 }
 
 TEST(ReachTable, EveryRowHoldsExactlyTheSumsOfItsLengths) {
-    std::mt19937 random(17);
     ReachTable table;
+    // Below the modulus row, 70 goes in 3 times at most, which is as often as the 278 that its
+    // row can make holds it: its row adds it any number of times, and the fourth piece, 280, lies
+    // in the row's last word beyond 278. The row by residue above must not take it for a sum.
+    ExpectEveryRowExact(table, {500, 97, 70, 68}, {12, 65, 3, 1}, 6400, 1);
+    std::mt19937 random(17);
     for (int trial = 0; trial < 90; ++trial) {
         const int count = 2 + static_cast<int>(random() % 12);
         const int64_t bar = 200 + static_cast<int64_t>(random() % 1500);
@@ -86,7 +90,6 @@ TEST(ReachTable, RowsKeptFromTheLastBuildAreThoseOfTheNewLengths) {
     ReachTable table;
     for (int trial = 0; trial < 40; ++trial) {
         SCOPED_TRACE("trial " + std::to_string(trial));
-        const int spacing = trial % 2 == 0 ? 1 : 3;
         int64_t bar = 1300 + static_cast<int64_t>(random() % 400);
         const int count = 4 + static_cast<int>(random() % 8);
         std::vector<int64_t> lengths(count), wanted(count);
@@ -103,7 +106,7 @@ TEST(ReachTable, RowsKeptFromTheLastBuildAreThoseOfTheNewLengths) {
             std::vector<int64_t> other = most;
             other.back() /= 2;
             table.WorkToBuild(static_cast<int>(lengths.size()), lengths.data(), other.data(), bar);
-            ExpectEveryRowExact(table, lengths, most, bar, spacing);
+            ExpectEveryRowExact(table, lengths, most, bar, trial % 2 == 0 ? 1 : 3);
             if (change == 0) {
                 lengths.erase(lengths.begin());
                 wanted.erase(wanted.begin());
@@ -134,12 +137,13 @@ TEST(ReachTable, CoveringRowsHoldEverySumOfTheLengthsLeft) {
             most[d] = random() % 3 == 0 ? bar / lengths[d] : random() % 5;
         }
         table.Build(count, lengths.data(), most.data(), bar);
-        std::vector<int64_t> left{lengths[0]}, leftMost{most[0]}, builtMost{most[0]};
+        std::vector<int64_t> left{lengths[0]}, leftMost{most[0]};
+        int64_t lastBuiltMost = most[0];
         for (int d = 1; d < count; ++d) {
             if (random() % 3 != 0) {
                 left.push_back(lengths[d]);
                 leftMost.push_back(static_cast<int64_t>(random() % (most[d] + 1)));
-                builtMost.push_back(most[d]);
+                lastBuiltMost = most[d];
             }
         }
         const int leftCount = static_cast<int>(left.size());
@@ -154,48 +158,37 @@ TEST(ReachTable, CoveringRowsHoldEverySumOfTheLengthsLeft) {
         }
         EXPECT_FALSE(table.Covers(leftCount, left.data(), leftMost.data(), bar + 1, rows.data()));
         if (leftCount > 1) {
-            std::vector<int64_t> more = leftMost;
-            more.back() = builtMost.back() + 1;
-            EXPECT_FALSE(table.Covers(leftCount, left.data(), more.data(), bar, rows.data()));
-            std::vector<int64_t> other = left;
+            std::vector<int64_t> more = leftMost, other = left;
+            more.back() = lastBuiltMost + 1;
             other.back() = 5;
+            EXPECT_FALSE(table.Covers(leftCount, left.data(), more.data(), bar, rows.data()));
             EXPECT_FALSE(table.Covers(leftCount, other.data(), leftMost.data(), bar, rows.data()));
         }
     }
 }
 
-// Below the modulus row, 70 goes in 3 times at most, which is as often as the 278 that its
-// row can make holds it: its row adds it any number of times, and the fourth piece, 280, lies in
-// the row's last word beyond 278. The row by residue above must not take it for a sum.
-TEST(ReachTable, RowsByResidueTakeNoSumBeyondTheRowsOfBitsBelowThem) {
-    ReachTable table;
-    ExpectEveryRowExact(table, {500, 97, 70, 68}, {12, 65, 3, 1}, 6400, 1);
-}
-
 // The walk weighs its tries against what the table would cost: rows that stand from the last
 // build cost nothing, and a change in the bottom rows costs more than one in the top row. Once
-// with rows by residue, once with bits only.
+// with rows by residue, once with bits only; the most pieces are those a bar of 20000 takes.
 TEST(ReachTable, WorkToBuildLeavesOutTheRowsThatStand) {
-    const int64_t bar = 20000;
-    for (const std::vector<int64_t>& lengths :
-         {std::vector<int64_t>{900, 613, 250, 37, 23}, std::vector<int64_t>{900, 613, 250, 97}}) {
-        std::vector<int64_t> most;
-        for (const int64_t length : lengths) {
-            most.push_back(std::min<int64_t>(length > 300 ? 3 : 9999, bar / length));
-        }
-        const int count = static_cast<int>(lengths.size());
+    using Lengths = std::vector<int64_t>;
+    const Lengths cases[][2] = {{{900, 613, 250, 37, 23}, {3, 3, 80, 540, 869}},
+                                {{900, 613, 250, 97}, {3, 3, 80, 206}}};
+    for (const auto& [lengths, most] : cases) {
         ReachTable table;
-        const int64_t fresh = table.WorkToBuild(count, lengths.data(), most.data(), bar);
-        table.Build(count, lengths.data(), most.data(), bar);
-        EXPECT_EQ(table.WorkToBuild(count, lengths.data(), most.data(), bar), 0);
-        std::vector<int64_t> changed = most;
+        const int count = static_cast<int>(lengths.size());
+        const auto work = [&](const Lengths& pieces) {
+            return table.WorkToBuild(count, lengths.data(), pieces.data(), 20000);
+        };
+        EXPECT_GT(work(most), 0);
+        table.Build(count, lengths.data(), most.data(), 20000);
+        EXPECT_EQ(work(most), 0);
+        Lengths changed = most;
         changed[1] = 2;
-        const int64_t top = table.WorkToBuild(count, lengths.data(), changed.data(), bar);
+        const int64_t top = work(changed);
         changed.back() = 40;
-        const int64_t bottom = table.WorkToBuild(count, lengths.data(), changed.data(), bar);
-        EXPECT_GT(fresh, 0);
         EXPECT_GT(top, 0);
-        EXPECT_LT(top, bottom);
+        EXPECT_LT(top, work(changed));
     }
 }
 

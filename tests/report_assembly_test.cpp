@@ -20,6 +20,7 @@ using testing::Bench;
 using testing::kTwelveCuts;
 using testing::kTwelveStock;
 using testing::Rows;
+using Lines = std::vector<std::string>;
 
 // Five standard lengths in the best sequence that the Advanced search finds for them.
 const Rows kBestSequence = {
@@ -36,13 +37,6 @@ std::string StrippedReport(Bench& bench) {
         text += "\n" + line;
     }
     return text + "\n";
-}
-
-// last.sol read back as the diagram and the checks read it, every line in its layout.
-SolutionReport ReadBack(Bench& bench) {
-    SolutionReport report = ReadReport(bench.Read("last.sol"));
-    EXPECT_TRUE(report.faults.empty()) << ::testing::PrintToString(report.faults);
-    return report;
 }
 
 TEST(ReportAssembly, MethodAReportWithWasteSummaryAndReference) {
@@ -73,8 +67,8 @@ Reference      =>   U channel Aluminium.
 )");
     // The first line, which the page files measure, keeps the blanks up to its full width.
     EXPECT_EQ(bench.Read("last.sol").find('\r'), 14u * 2 + 66);
-    EXPECT_EQ(bench.folder.FileNames(), std::vector<std::string>{"last.sol"});
-    const SolutionReport read = ReadBack(bench);
+    EXPECT_EQ(bench.folder.FileNames(), Lines{"last.sol"});
+    const SolutionReport read = bench.ReadBack();
     EXPECT_EQ(read.date + " " + read.time + " " + read.method, "06-Apr-1999 08:16 PM AA");
     EXPECT_EQ(std::tie(read.materialPercent, read.moneyPercent, read.wasteTotals.bars,
                        read.totalCost, read.reference),
@@ -86,7 +80,7 @@ Reference      =>   U channel Aluminium.
     bench.m.ShowWasteSummary = kFalse;
     bench.m.ReferenceText = std::string(280, 'x') + " end of note" + std::string(8, 'y');
     RunPass(bench.m, bench.platform);
-    const std::vector<std::string> report = SplitLines(bench.Read("last.sol"));
+    const Lines report = SplitLines(bench.Read("last.sol"));
     ASSERT_GE(report.size(), 5u);
     EXPECT_EQ(report.back(), "Reference      =>   " + bench.m.ReferenceText);
     EXPECT_EQ(report[report.size() - 5], "Method Used    => A  " + std::string(26, ' '));
@@ -102,7 +96,7 @@ TEST(ReportAssembly, MethodBReportInTheBestSequenceStampsTheHeadAtTheDetailsEdge
     bench.m.BetterFound = kTrue;
     RunPass(bench.m, bench.platform);
     EXPECT_EQ(bench.Read("last.sol").find('\r'), 14u * 3 + 19);
-    const SolutionReport read = ReadBack(bench);
+    const SolutionReport read = bench.ReadBack();
     EXPECT_EQ(read.date + " " + read.time + " " + read.method, "06-Apr-1999 08:16 PM BA");
     EXPECT_FALSE(read.materialPercent || read.reference);
     std::vector<std::pair<double, int64_t>> groups;
@@ -120,12 +114,12 @@ TEST(ReportAssembly, NarrowDetailsCutTheTitles) {
     Bench bench;
     bench.Type({{"10", ""}}, {{"5", "4"}, {"3", "3"}});
     RunPass(bench.m, bench.platform);
-    const std::vector<std::string> plain = SplitLines(bench.Read("last.sol"));
+    const Lines plain = SplitLines(bench.Read("last.sol"));
     EXPECT_EQ(plain.at(0), "STANDARD LENGTHS    CUTTING DETAI");
     for (const std::string& line : plain) {
         EXPECT_LE(line.size(), 33u) << line;
     }
-    const SolutionReport narrow = ReadBack(bench);
+    const SolutionReport narrow = bench.ReadBack();
     EXPECT_EQ(narrow.date + narrow.time, "") << "no room for the stamps";
 
     bench.m.ShowWasteSummary = kTrue;
@@ -180,9 +174,8 @@ TEST(ReportReader, OtherTextIsNamedAFaultAndGivesNoPlan) {
 
 // GroupByLength on cutting lines written by hand, each with the standard row that cut it, for
 // standard rows of (length, price, bars).
-std::vector<std::string> Grouped(bool methodA,
-                                 const std::vector<std::tuple<float, float, int32_t>>& rows,
-                                 const std::vector<std::pair<std::string, uint8_t>>& lines) {
+Lines Grouped(bool methodA, const std::vector<std::tuple<float, float, int32_t>>& rows,
+              const std::vector<std::pair<std::string, uint8_t>>& lines) {
     Bench bench;
     bench.m.MethodA = ToFlag(methodA);
     bench.m.MethodB = ToFlag(!methodA);
@@ -190,7 +183,7 @@ std::vector<std::string> Grouped(bool methodA,
         const int row = static_cast<int>(r + 1);
         std::tie(bench.m.StdLength(row), bench.m.StdPrice(row), bench.m.BarsBought(row)) = rows[r];
     }
-    std::vector<std::string> tiny3;
+    Lines tiny3;
     for (const auto& [line, row] : lines) {
         tiny3.push_back(line);
         bench.m.PassLines.push_back({row, 0, 0, 0, {}});
@@ -199,8 +192,6 @@ std::vector<std::string> Grouped(bool methodA,
     EXPECT_TRUE(GroupByLength(bench.m, bench.files));
     return SplitLines(bench.Read("tiny4.sol"));
 }
-
-using Lines = std::vector<std::string>;
 
 TEST(GroupByLength, EachRowListsTheLinesItCutLongestFirst) {
     // The longest length has no bars: the groups open with a line of one space.

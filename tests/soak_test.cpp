@@ -7,7 +7,6 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
-#include <map>
 #include <memory>
 #include <optional>
 #include <random>
@@ -26,6 +25,9 @@ namespace brennik {
 namespace {
 
 using testing::Bench;
+using testing::Hundredths;
+using testing::PiecesAsked;
+using testing::PiecesCut;
 
 constexpr const char* kReference = "Job 7";
 
@@ -51,13 +53,8 @@ std::string Describe(const SoakCase& soak) {
            "\n  cutting: " + ::testing::PrintToString(soak.problem.cuts);
 }
 
-// Lengths in hundredths, the grain of every entry once the intake has rounded it.
-int64_t Hundredths(double value) {
-    return std::llround(value * 100);
-}
-
 // A cutting line as the report shows it: bar length, bars, and pieces by length, in hundredths.
-using LineShape = std::pair<std::pair<int64_t, int64_t>, std::map<int64_t, int64_t>>;
+using LineShape = std::pair<std::pair<int64_t, int64_t>, testing::PieceCounts>;
 
 // A plan's lines in one order whatever the order of the lines.
 std::vector<LineShape> ShapesOf(const CuttingProblem& problem, const Plan& plan) {
@@ -77,10 +74,8 @@ std::vector<LineShape> ShapesOf(const CuttingProblem& problem, const Plan& plan)
 
 // Every figure of the report against the others, its pieces against those asked for, and its
 // lines against those of the plan that made it.
-void CheckReport(const std::string& contents, const SoakCase& soak, bool advanced,
+void CheckReport(const SolutionReport& report, const SoakCase& soak, bool advanced,
                  const CuttingProblem& problem, const Plan& plan, const std::string& mark = "") {
-    const SolutionReport report = ReadReport(contents);
-    EXPECT_TRUE(report.faults.empty()) << ::testing::PrintToString(report.faults);
     // Method A needs a price on every length; without one the press runs as Method B.
     const bool allPriced = std::none_of(soak.problem.stock.begin(), soak.problem.stock.end(),
                                         [](const auto& row) { return row.second.empty(); });
@@ -92,11 +87,6 @@ void CheckReport(const std::string& contents, const SoakCase& soak, bool advance
     EXPECT_EQ(std::tie(report.wasteSummary, report.money, report.methodLabel, report.reference),
               std::tie(soak.wasteSummary, allPriced, label, reference));
 
-    std::map<int64_t, int64_t> asked;
-    for (const auto& [length, quantity] : soak.problem.cuts) {
-        asked[Hundredths(std::stod(length))] += std::stoll(quantity);
-    }
-    std::map<int64_t, int64_t> cut;
     std::vector<LineShape> shapes;
     int64_t wasteBars = 0;
     int wasteLines = 0;
@@ -117,7 +107,6 @@ void CheckReport(const std::string& contents, const SoakCase& soak, bool advance
             shape.first = {Hundredths(line.stdLength), line.bars};
             for (const ReportItem& item : line.items) {
                 shape.second[Hundredths(item.length)] += item.pieces;
-                cut[Hundredths(item.length)] += static_cast<int64_t>(line.bars) * item.pieces;
                 waste -= item.pieces * Hundredths(item.length);
             }
             EXPECT_GE(waste, 0) << "the pieces of a line do not fit its bar";
@@ -136,7 +125,8 @@ void CheckReport(const std::string& contents, const SoakCase& soak, bool advance
         EXPECT_EQ(group.bars, bars) << "group summary of the bars of " << length;
         cost += group.price.value_or(0) * static_cast<double>(group.bars);
     }
-    EXPECT_EQ(cut, asked) << "pieces in the report differ from those asked";
+    EXPECT_EQ(PiecesCut(report), PiecesAsked(soak.problem.cuts))
+        << "pieces in the report differ from those asked";
     std::sort(shapes.begin(), shapes.end());
     EXPECT_EQ(shapes, ShapesOf(problem, plan)) << "the report's lines differ from the plan's";
 
@@ -167,7 +157,7 @@ struct Pressed {
                     {soak.methodB, advanced, soak.wasteSummary, soak.wasteSummary});
         report = bench.Read("last.sol");
         const CuttingProblem problem = ProblemOfPress(bench.m);
-        CheckReport(report, soak, advanced, problem, PlanOfPress(bench.m, problem));
+        CheckReport(bench.ReadBack(), soak, advanced, problem, PlanOfPress(bench.m, problem));
         const Module1& m = bench.m;
         objective = m.MethodA ? m.TotalCostA : m.AllPriced ? m.TotalCostB : m.TotalMatWasteB;
     }
@@ -208,7 +198,7 @@ void CheckCheaperPlan(Bench& bench, const SoakCase& soak, bool advanced) {
     ASSERT_TRUE(least);
     EXPECT_LE(*least, static_cast<double>(figure) / 100 + 0.005);
     written(outcome.plan, "cheaper.sol");
-    CheckReport(bench.Read("cheaper.sol"), soak, advanced, problem, outcome.plan, "+");
+    CheckReport(bench.ReadBack("cheaper.sol"), soak, advanced, problem, outcome.plan, "+");
 }
 
 void CheckPresses(const SoakCase& soak, bool withCheaperPlan) {
