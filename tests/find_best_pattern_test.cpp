@@ -152,8 +152,16 @@ void CheckAgainstTheCompleteEnumeration(const Draw& draw) {
 // of ten to twelve lengths, long enough for a walk to read the table of the search before it to
 // rule out counts, whose pieces run out between the two searches.
 TEST(FindBestPattern, AgreesWithTheCompleteEnumerationOnRandomProblems) {
-    const std::pair<int64_t, Draw> runs[] = {
-        {-1, {}}, {0, {}}, {-1, {300, 1000, 10, 12, 100, 2, true}}};
+    const std::pair<int64_t, Draw> runs[] = {{-1, {}},
+                                             {0, {}},
+                                             {-1,
+                                              {.problems = 300,
+                                               .shortestBar = 1000,
+                                               .fewestLengths = 10,
+                                               .mostLengths = 12,
+                                               .shortest = 100,
+                                               .mostWanted = 2,
+                                               .tablesBetween = true}}};
     for (const auto& [walkBudget, draw] : runs) {
         SCOPED_TRACE("walk budget " + std::to_string(walkBudget) +
                      (draw.tablesBetween ? ", tables between" : ""));
