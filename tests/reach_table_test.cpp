@@ -167,30 +167,5 @@ TEST(ReachTable, CoveringRowsHoldEverySumOfTheLengthsLeft) {
     }
 }
 
-// The walk weighs its tries against what the table would cost: rows that stand from the last
-// build cost nothing, and a change in the bottom rows costs more than one in the top row. Once
-// with rows by residue, once with bits only; the most pieces are those a bar of 20000 takes.
-TEST(ReachTable, WorkToBuildLeavesOutTheRowsThatStand) {
-    using Lengths = std::vector<int64_t>;
-    const Lengths cases[][2] = {{{900, 613, 250, 37, 23}, {3, 3, 80, 540, 869}},
-                                {{900, 613, 250, 97}, {3, 3, 80, 206}}};
-    for (const auto& [lengths, most] : cases) {
-        ReachTable table;
-        const int count = static_cast<int>(lengths.size());
-        const auto work = [&](const Lengths& pieces) {
-            return table.WorkToBuild(count, lengths.data(), pieces.data(), 20000);
-        };
-        EXPECT_GT(work(most), 0);
-        table.Build(count, lengths.data(), most.data(), 20000);
-        EXPECT_EQ(work(most), 0);
-        Lengths changed = most;
-        changed[1] = 2;
-        const int64_t top = work(changed);
-        changed.back() = 40;
-        EXPECT_GT(top, 0);
-        EXPECT_LT(top, work(changed));
-    }
-}
-
 }  // namespace
 }  // namespace brennik

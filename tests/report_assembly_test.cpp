@@ -19,14 +19,7 @@ namespace {
 using testing::Bench;
 using testing::kTwelveCuts;
 using testing::kTwelveStock;
-using testing::Rows;
 using Lines = std::vector<std::string>;
-
-// Five standard lengths in the best sequence that the Advanced search finds for them.
-const Rows kBestSequence = {
-    {"4.3", "20.1"}, {"4.6", "22.3"}, {"3.7", "18.6"}, {"5.5", "27.5"}, {"6.1", "30.4"}};
-const Rows kBestSequenceCuts = {{"1.7", "84"}, {"2.3", "121"}, {"1.5", "67"},  {"0.8", "90"},
-                                {"1.1", "65"}, {"1.3", "119"}, {"3.1", "114"}, {"0.6", "191"}};
 
 // last.sol without the blanks that end its lines, each line begun by a line end so that it
 // compares with a raw string opened on a line of its own.
@@ -84,28 +77,6 @@ Reference      =>   U channel Aluminium.
     ASSERT_GE(report.size(), 5u);
     EXPECT_EQ(report.back(), "Reference      =>   " + bench.m.ReferenceText);
     EXPECT_EQ(report[report.size() - 5], "Method Used    => A  " + std::string(26, ' '));
-}
-
-// The pass keeps the rows in the order of the best sequence; the report still lists them longest
-// first, each with its own bars. The manual prints this report whole.
-TEST(ReportAssembly, MethodBReportInTheBestSequenceStampsTheHeadAtTheDetailsEdge) {
-    Bench bench;
-    bench.Type(kBestSequence, kBestSequenceCuts);
-    bench.surface.SetValue({Ctl::Option2}, true);
-    bench.m.Advanced = kTrue;
-    bench.m.BetterFound = kTrue;
-    RunPass(bench.m, bench.platform);
-    EXPECT_EQ(bench.Read("last.sol").find('\r'), 14u * 3 + 19);
-    const SolutionReport read = bench.ReadBack();
-    EXPECT_EQ(read.date + " " + read.time + " " + read.method, "06-Apr-1999 08:16 PM BA");
-    EXPECT_FALSE(read.materialPercent || read.reference);
-    std::vector<std::pair<double, int64_t>> groups;
-    for (const ReportGroup& group : read.groups) {
-        groups.emplace_back(group.lines.at(0).stdLength, group.bars);
-    }
-    EXPECT_EQ(groups, (std::vector<std::pair<double, int64_t>>{
-                          {6.1, 1}, {5.5, 2}, {4.6, 80}, {4.3, 186}, {3.7, 28}}));
-    EXPECT_EQ(read.totalCost, 6128.8);
 }
 
 // Every bar of 10 yields pieces of one length only, so no line has more than one item and the
