@@ -445,14 +445,31 @@ void ReachTable::CountsOf(int64_t sum, int64_t* counts) {
                 continue;
             }
         }
-        int64_t c = std::min(built_.most[d], sum / built_.length[d]);
-        while (!Has(d + 1, sum - c * built_.length[d])) {
-            --c;
-        }
-        counts[d] = c;
-        sum -= c * built_.length[d];
+        counts[d] = MostPiecesLeaving(d, sum);
+        sum -= counts[d] * built_.length[d];
         ++d;
     }
+}
+
+// Where the limit does not bind below `sum`, row d holds the sum less k pieces for every k up to
+// the count sought, as the next row's sum plus the other pieces, and not for one piece more, or
+// more pieces would leave a sum of the next row. Counted from no pieces up, that mostly takes
+// far fewer reads than trying the counts from the most down, as a pattern holds far fewer pieces
+// of most lengths than fit.
+int64_t ReachTable::MostPiecesLeaving(int d, int64_t sum) {
+    const int64_t length = built_.length[d];
+    if (built_.most[d] >= sum / length) {
+        int64_t c = 0;
+        while (Has(d, sum - (c + 1) * length)) {
+            ++c;
+        }
+        return c;
+    }
+    int64_t c = std::min(built_.most[d], sum / length);
+    while (!Has(d + 1, sum - c * length)) {
+        --c;
+    }
+    return c;
 }
 
 int ReachTable::ReadyRow(int d) const {

@@ -111,6 +111,9 @@ private:
     int KeptAbove(int d) const { return d + (built_.count - d) % spacing_; }
     uint64_t* Slot(std::size_t slot) { return bits_.get() + slot * words_; }
     uint64_t* Row(int d);
+    // The most pieces of length d, at most most[d], that leave a sum of row d + 1 from `sum`, a
+    // sum of row d.
+    int64_t MostPiecesLeaving(int d, int64_t sum);
     // The first row from d on that is read without working rows out again.
     int ReadyRow(int d) const;
     // Whether lengths d to end - 1 make all of `sum` but a sum of row `end` within `steps`
