@@ -5,6 +5,8 @@
 #include <cmath>
 #include <numeric>
 
+#include "engine/bit_rows.h"
+
 namespace brennik {
 
 namespace {
@@ -30,6 +32,17 @@ constexpr int64_t StepWork = 128;
 // The most combinations of the pieces of the lengths put on top of the table that a read of
 // the sums from a later length tries.
 constexpr int64_t MostFewWays = 32;
+// From this many pieces of a length on, a row of bits adds the window of counts up to the most,
+// about three passes over the row, rather than doubling chunks, a pass each: the window is the
+// cheaper from three chunks on. Its work is counted as the chunks' is, one more than its passes.
+constexpr int64_t MinWindowPieces = 4;
+constexpr int64_t WindowWork = 4;
+
+// Whether a row of bits adds pieces of `length` by the window of counts: each pass shifts
+// whole words and then the bits within one, so the length must be at least a word.
+bool ByWindow(int64_t length, int64_t most) {
+    return length >= 64 && most >= MinWindowPieces;
+}
 
 }  // namespace
 
@@ -66,7 +79,10 @@ int64_t ReachTable::RowWork(const Layout& layout, int d) {
     const int64_t length = layout.rowLength[d];
     const int64_t most = layout.rowMost[d];
     const bool anyCount = most >= layout.bar / length && (byResidue || length >= 64);
-    return row * (anyCount ? 2 : 1 + Chunks(most));
+    if (anyCount) {
+        return row * 2;
+    }
+    return row * (!byResidue && ByWindow(length, most) ? WindowWork : 1 + Chunks(most));
 }
 
 int64_t ReachTable::WorkToBuild(int count, const int64_t* lengths, const int64_t* most,
@@ -496,7 +512,8 @@ bool ReachTable::FillUpTo(int d, int end, int64_t sum, int64_t* counts, int64_t&
 }
 
 // Where the bar holds no more pieces than `most`, one pass from the bottom up adds any count;
-// otherwise the counts go in doubling chunks, which together make every count up to `most`.
+// otherwise, for many pieces, the window of counts up to `most` takes three; for a few, the
+// counts go in doubling chunks, which together make every count up to `most`.
 void ReachTable::AddLength(int d, const uint64_t* from, uint64_t* to) {
     const int64_t length = built_.rowLength[d];
     int64_t most = built_.rowMost[d];
@@ -508,6 +525,10 @@ void ReachTable::AddLength(int d, const uint64_t* from, uint64_t* to) {
         std::copy(from, from + words_, to);
         return;
     }
+    if (ByWindow(length, most)) {
+        AddUpToCount(from, to, words_, length, most, suffixes_);
+        return;
+    }
     for (int64_t chunk = 1; most > 0; chunk *= 2) {
         const int64_t take = std::min(chunk, most);
         AddShifted(from, to, take * length);
@@ -515,50 +536,6 @@ void ReachTable::AddLength(int d, const uint64_t* from, uint64_t* to) {
         most -= take;
     }
 }
-
-namespace {
-
-// The rows' words go through these loops many millions of times a search. On processors with
-// 256-bit vectors, which the program finds out as it loads, the loops take four words at a time.
-#if defined(__x86_64__) && defined(__GNUC__)
-#define WIDE_VECTORS __attribute__((target_clones("avx2", "default")))
-#else
-#define WIDE_VECTORS
-#endif
-
-// out = base | src shifted up by `part` bits, word by word, `carry` being the word below src[0].
-// Nothing that is read overlaps `out`, so the loop runs several words at a time.
-WIDE_VECTORS void OrShifted(uint64_t* __restrict out, const uint64_t* __restrict base,
-                            const uint64_t* __restrict src, std::size_t n, unsigned part,
-                            uint64_t carry) {
-    if (part == 0) {
-        for (std::size_t i = 0; i < n; ++i) {
-            out[i] = base[i] | src[i];
-        }
-        return;
-    }
-    out[0] = base[0] | src[0] << part | carry >> (64 - part);
-    for (std::size_t i = 1; i < n; ++i) {
-        out[i] = base[i] | src[i] << part | src[i - 1] >> (64 - part);
-    }
-}
-
-// out |= src shifted up by `part` bits, the same where a row grows in place.
-WIDE_VECTORS void OrShiftedInPlace(uint64_t* __restrict out, const uint64_t* __restrict src,
-                                   std::size_t n, unsigned part, uint64_t carry) {
-    if (part == 0) {
-        for (std::size_t i = 0; i < n; ++i) {
-            out[i] |= src[i];
-        }
-        return;
-    }
-    out[0] |= src[0] << part | carry >> (64 - part);
-    for (std::size_t i = 1; i < n; ++i) {
-        out[i] |= src[i] << part | src[i - 1] >> (64 - part);
-    }
-}
-
-}  // namespace
 
 // to = from | from << shift. Into another row, one pass reads `from` alone. In place, word w
 // of the result reads words w - whole and the one below, so blocks of `whole` words, taken

@@ -134,7 +134,8 @@ private:
     std::unique_ptr<uint64_t[]> bits_;
     std::size_t bitsCapacity_ = 0;  // in words
     std::vector<int32_t> least_;
-    std::vector<int32_t> before_;  // a row by residue before a chunk is added
+    std::vector<int32_t> before_;     // a row by residue before a chunk is added
+    std::vector<uint64_t> suffixes_;  // a block's suffixes while a row adds a window of counts
     // A least sum that stands for none. Sums past the bar are kept below it like any other, so
     // that a row serves every bar whose rows are made the same way.
     static constexpr int32_t None = INT32_MAX;
