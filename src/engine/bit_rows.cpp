@@ -138,13 +138,13 @@ public:
     // Joins the words below `w` not joined yet.
     void Below(std::size_t w) {
         const std::size_t stop = std::min(w, end_);
-        const std::size_t whole = std::min(stop, high_);
-        if (whole > next_) {
-            OrShiftedInPlace(to_ + next_, &suffix_[next_ - shift_.whole], whole - next_,
+        const std::size_t wholeWords = std::min(stop, high_);  // all of whose bits are joined
+        if (wholeWords > next_) {
+            OrShiftedInPlace(to_ + next_, &suffix_[next_ - shift_.whole], wholeWords - next_,
                              shift_.part, suffix_[next_ - shift_.whole - 1]);
-            next_ = whole;
+            next_ = wholeWords;
         }
-        if (stop == end_ && next_ == high_ && high_ < end_) {
+        if (stop == end_ && next_ < end_) {  // the top word: its bits below the limit alone
             to_[high_] |= ShiftedUp(suffix_[high_ - shift_.whole],
                                     suffix_[high_ - shift_.whole - 1], shift_.part) &
                           highMask_;
