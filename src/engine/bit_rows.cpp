@@ -49,9 +49,7 @@ WIDE_VECTORS void OrShiftedDown(uint64_t* __restrict out, const uint64_t* __rest
                                 const uint64_t* __restrict src, std::size_t n, unsigned part,
                                 uint64_t carry) {
     if (part == 0) {
-        for (std::size_t i = 0; i < n; ++i) {
-            out[i] = base[i] | src[i];
-        }
+        OrShifted(out, base, src, n, 0, 0);  // whole words alone: the same either way
         return;
     }
     for (std::size_t i = 0; i + 1 < n; ++i) {
