@@ -34,9 +34,8 @@ constexpr int64_t StepWork = 128;
 constexpr int64_t MostFewWays = 32;
 // From this many pieces of a length on, a row of bits adds the window of counts up to the most,
 // about three passes over the row, rather than doubling chunks, a pass each: the window is the
-// cheaper from three chunks on. Its work is counted as the chunks' is, one more than its passes.
+// cheaper from three chunks on.
 constexpr int64_t MinWindowPieces = 4;
-constexpr int64_t WindowWork = 4;
 
 // Whether a row of bits adds pieces of `length` by the window of counts: each pass shifts
 // whole words and then the bits within one, so the length must be at least a word.
@@ -79,10 +78,10 @@ int64_t ReachTable::RowWork(const Layout& layout, int d) {
     const int64_t length = layout.rowLength[d];
     const int64_t most = layout.rowMost[d];
     const bool anyCount = most >= layout.bar / length && (byResidue || length >= 64);
-    if (anyCount) {
-        return row * 2;
-    }
-    return row * (!byResidue && ByWindow(length, most) ? WindowWork : 1 + Chunks(most));
+    // A row of bits that adds a window of counts costs less than its chunks would. The estimate
+    // keeps the chunks' figure, with which the walk's budget was weighed: measured, walks that
+    // give way sooner cost the presses on the longest bars far more than the rows they spare.
+    return row * (anyCount ? 2 : 1 + Chunks(most));
 }
 
 int64_t ReachTable::WorkToBuild(int count, const int64_t* lengths, const int64_t* most,
