@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <random>
 
+#include "engine/cutting_pass.h"
+#include "engine/pass_bound.h"
 #include "problem_fixture.h"
 
 namespace brennik {
@@ -57,6 +59,51 @@ TEST(PassesAhead, SharedStepsGiveEveryArrangementTheOutcomeOfItsOwnPass) {
         problemsWithDifferentOutcomes += outcomesDiffer;
     }
     EXPECT_GT(problemsWithDifferentOutcomes, 30) << "the problems should make arrangements differ";
+}
+
+// Given the first pass's figure to beat, a pass stops early only where its bound, which no step
+// of the pass on its own ever exceeds, shows that its end cannot beat the least figure of those
+// before it. The other passes and the last one end as on their own.
+TEST(PassesAhead, APassStopsOnlyWhereItCannotBeatThePassesBeforeIt) {
+    std::mt19937 random(20261124);
+    int beaten = 0;
+    for (int k = 0; k < 200; ++k) {
+        const Module1 m = testing::LoadProblem(TiedProblem(random, k % 2 == 0));
+        SCOPED_TRACE("problem " + std::to_string(k));
+        std::vector<Arrangement> arrangements;
+        Arrangement order = StartingOrder();
+        do {
+            arrangements.push_back(order);
+        } while (std::next_permutation(order.begin(), order.begin() + m.StdCount));
+        const PassBound bound(m);
+        std::vector<PassOutcome> alone;
+        for (const Arrangement& arrangement : arrangements) {
+            Module1 work = m;
+            StartPass(work, m, arrangement);
+            const double figure = FinishPass(work).progress.Figure(m);
+            StartPass(work, m, arrangement);
+            do {
+                ASSERT_LE(bound.Least(PassProgress::Of(work)), figure);
+            } while (work.PiecesLeft > 0 && CutNextStep(work));
+            alone.push_back(PassOutcome::Of(work));
+        }
+        double toBeat = alone[0].progress.Figure(m);
+        PassesAhead passes(m, arrangements, toBeat);
+        for (std::size_t a = 0; a < arrangements.size(); ++a) {
+            const PassOutcome& outcome = passes.Of(arrangements[a]);
+            const double figure = alone[a].progress.Figure(m);
+            if (outcome.beaten) {
+                ++beaten;
+                EXPECT_LT(a + 1, arrangements.size()) << "the last pass stopped early";
+                EXPECT_GE(figure, toBeat);
+                EXPECT_GE(bound.Least(outcome.progress), toBeat);
+            } else {
+                EXPECT_TRUE(outcome == alone[a]);
+            }
+            toBeat = std::min(toBeat, figure);
+        }
+    }
+    EXPECT_GT(beaten, 100) << "the problems should let passes stop early";
 }
 
 }  // namespace

@@ -53,22 +53,12 @@ void Rearrange(Module1& m) {
 
 // The strict test of the search's objective; on success the best figure and the saving follow.
 bool ImprovesOnBest(Module1& m) {
-    double figure = 0;
-    double* best = nullptr;
-    if (m.MethodA) {
-        figure = m.TotalCostA;
-        best = &m.BestCost;
-    } else if (m.AllPriced) {
-        figure = m.TotalCostB;
-        best = &m.BestCost;
-    } else {
-        figure = m.TotalMatWasteB;
-        best = &m.BestMatWaste;
-    }
-    if (!(*best > figure)) {
+    const double figure = SearchFigure(m);
+    double& best = BestFigure(m);
+    if (!(best > figure)) {
         return false;
     }
-    *best = figure;
+    best = figure;
     m.SavedAmount = static_cast<float>(m.BasicFigure - figure);
     return true;
 }
@@ -136,11 +126,12 @@ void AdvancedSearch(Module1& m, Surface& surface,
 
     // Every attempt's arrangement is known before the first one runs, and each pass depends on
     // its arrangement alone: the passes are worked out apart from the block, sharing the steps
-    // they have in common, a helper thread working from the last one back, and the attempts
-    // take them in their order, comparing one after the other as before.
+    // they have in common, with helper threads, and the attempts take them in their order,
+    // comparing one after the other as before. A pass that can no longer beat the figure to
+    // beat when its attempt comes is not run to its end.
     const std::vector<StdRows<uint8_t>> counters = AttemptCounters(m.StdCount);
     const std::vector<Arrangement> arrangements = AttemptArrangements(counters);
-    PassesAhead passes(m, arrangements);
+    PassesAhead passes(m, arrangements, BestFigure(m));
     const int total = Factorial(m.StdCount);
     const std::vector<Control> boxes = SearchBoxes(m);
     PaintBoxes(boxes, surface, Yellow);
@@ -150,8 +141,9 @@ void AdvancedSearch(Module1& m, Surface& surface,
         ++m.SeqStep;
         ShowSearchProgress(m, surface, total);
         Rearrange(m);
-        RunCuttingPass(m, surface, passes.Of(arrangements[attempt]));
-        if (ImprovesOnBest(m)) {
+        const PassOutcome& loop = passes.Of(arrangements[attempt]);
+        RunCuttingPass(m, surface, loop);
+        if (!loop.beaten && ImprovesOnBest(m)) {
             m.BetterFound = kTrue;
             SaveBestSequence(m);
             refreshResults(m, surface);

@@ -19,7 +19,20 @@ auto Accumulators(Block& m) {
                       &m.MatWastePctA,  &m.MonWastePctA};
 }
 
+template <typename Block>
+auto& FigureOf(Block& m) {
+    return m.MethodA ? m.TotalCostA : m.AllPriced ? m.TotalCostB : m.TotalMatWasteB;
+}
+
 }  // namespace
+
+double SearchFigure(const Module1& m) {
+    return FigureOf(m);
+}
+
+double& BestFigure(Module1& m) {
+    return m.MethodA || m.AllPriced ? m.BestCost : m.BestMatWaste;
+}
 
 Arrangement StartingOrder() {
     Arrangement order;
@@ -52,6 +65,12 @@ void PassProgress::RestoreInto(Module1& m) const {
     }
     m.BarsUsedA = BarsUsedA;
     m.BarsUsedB = BarsUsedB;
+}
+
+double PassProgress::Figure(const Module1& m) const {
+    const auto fields = Accumulators(m);
+    const auto field = std::find(fields.begin(), fields.end(), &FigureOf(m));
+    return totals[static_cast<std::size_t>(field - fields.begin())];
 }
 
 PassOutcome PassOutcome::Of(const Module1& m) {

@@ -11,6 +11,12 @@
 
 namespace brennik {
 
+// What the Advanced search compares, the lower the better: the total cost of Method A, or of
+// Method B where every standard length has a price, else the material Method B leaves over.
+double SearchFigure(const Module1& m);
+// The best of that figure so far, which an attempt has to beat.
+double& BestFigure(Module1& m);
+
 // An arrangement as the rows of the starting order that stand in rows 1 to 6.
 using Arrangement = std::array<uint8_t, MaxStdLengths>;
 
@@ -28,6 +34,8 @@ struct PassProgress {
 
     static PassProgress Of(const Module1& m);
     void RestoreInto(Module1& m) const;
+    // The figure that the Advanced search compares (SearchFigure) among these totals.
+    double Figure(const Module1& m) const;
     bool operator==(const PassProgress&) const = default;
 };
 
@@ -42,6 +50,9 @@ struct PassOutcome {
     float ChosenStd = 0;
     float ChosenWaste = 0;
     int32_t ChosenBars = 0;
+    // The pass stopped before its end, once it could no longer beat the passes before it: the
+    // progress is that of the step where it stopped, and nothing else is set.
+    bool beaten = false;
 
     static PassOutcome Of(const Module1& m);
     void RestoreInto(Module1& m) const;

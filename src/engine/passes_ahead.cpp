@@ -1,6 +1,7 @@
 #include "engine/passes_ahead.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace brennik {
 
@@ -12,7 +13,8 @@ void UsePlainPasses(bool plain) {
     plainPasses = plain;
 }
 
-PassesAhead::PassesAhead(const Module1& m, const std::vector<Arrangement>& arrangements)
+PassesAhead::PassesAhead(const Module1& m, const std::vector<Arrangement>& arrangements,
+                         std::optional<double> figureToBeat)
     : start_(std::make_unique<const Module1>(m)), plain_(plainPasses) {
     for (const Arrangement& arrangement : arrangements) {
         if (indexOf_.emplace(arrangement, distinct_.size()).second) {
@@ -21,6 +23,12 @@ PassesAhead::PassesAhead(const Module1& m, const std::vector<Arrangement>& arran
     }
     outcomes_.resize(distinct_.size());
     ready_.assign(distinct_.size(), false);
+    figures_.assign(distinct_.size(), INFINITY);
+    if (figureToBeat && !arrangements.empty()) {
+        bound_.emplace(*start_);
+        figureToBeat_ = *figureToBeat;
+        lastAttempt_ = indexOf_.at(arrangements.back());
+    }
     taken_ = std::make_unique<std::atomic<bool>[]>(distinct_.size());
     if (plain_) {
         work_ = std::make_unique<Module1>(*start_);
@@ -51,7 +59,24 @@ PassOutcome PassesAhead::WorkOut(std::size_t k, int thread) {
         StartPass(*work_, *start_, distinct_[k]);
         return FinishPass(*work_);
     }
-    return steps_->OutcomeOf(distinct_[k], thread);
+    return steps_->OutcomeOf(distinct_[k], thread, [this, k](const PassProgress& progress) {
+        return Beaten(k, progress);
+    });
+}
+
+// The distinct arrangements stand in the order of their first attempts, so the attempt of k
+// comes after those of every arrangement before it: the figure it has to beat is no higher than
+// any of theirs.
+bool PassesAhead::Beaten(std::size_t k, const PassProgress& progress) {
+    if (!bound_ || k == lastAttempt_) {
+        return false;
+    }
+    double toBeat = figureToBeat_;
+    {
+        std::lock_guard<std::mutex> lock(mutex_);
+        toBeat = std::min(toBeat, *std::min_element(figures_.begin(), figures_.begin() + k));
+    }
+    return bound_->CannotBeat(progress, toBeat);
 }
 
 void PassesAhead::Keep(std::size_t k, const PassOutcome& outcome) {
@@ -59,6 +84,9 @@ void PassesAhead::Keep(std::size_t k, const PassOutcome& outcome) {
         std::lock_guard<std::mutex> lock(mutex_);
         outcomes_[k] = outcome;
         ready_[k] = true;
+        if (!outcome.beaten) {
+            figures_[k] = outcome.progress.Figure(*start_);
+        }
     }
     readyChanged_.notify_all();
 }

@@ -102,10 +102,17 @@ void SharedSteps::Search(Step& step, Hand& hand) {
     }
 }
 
-PassOutcome SharedSteps::OutcomeOf(const Arrangement& arrangement, int thread) {
+PassOutcome SharedSteps::OutcomeOf(const Arrangement& arrangement, int thread,
+                                   const std::function<bool(const PassProgress&)>& beaten) {
     Hand& hand = hands_[static_cast<std::size_t>(thread)];
     Step* step = first_;
     for (;;) {
+        if (beaten(step->progress)) {
+            PassOutcome outcome;
+            outcome.progress = step->progress;
+            outcome.beaten = true;
+            return outcome;
+        }
         std::call_once(step->searched, [&] { Search(*step, hand); });
         if (step->rankedFirst == 0) {
             break;  // the pass ends here, without a pattern

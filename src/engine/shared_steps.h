@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <vector>
@@ -24,8 +25,10 @@ public:
     SharedSteps(const Module1& start, int threads);
 
     // The outcome of the pass in `arrangement`, worked out by thread `thread` (from 0): its steps
-    // are read from those worked out so far, and the ones not yet met are worked out now.
-    PassOutcome OutcomeOf(const Arrangement& arrangement, int thread);
+    // are read from those worked out so far, and the ones not yet met are worked out now. Before
+    // each step, `beaten` may stop the pass where it is (PassOutcome::beaten).
+    PassOutcome OutcomeOf(const Arrangement& arrangement, int thread,
+                          const std::function<bool(const PassProgress&)>& beaten);
 
 private:
     // What the searches of a step leave, row by row: kept for a step with which a pass ends, so
