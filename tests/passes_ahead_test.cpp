@@ -35,18 +35,23 @@ testing::Problem TiedProblem(std::mt19937& random, bool methodA) {
     return problem;
 }
 
+// Every order of the standard rows, the rows past them staying in place.
+std::vector<Arrangement> EveryOrder(const Module1& m) {
+    std::vector<Arrangement> arrangements;
+    Arrangement order = StartingOrder();
+    do {
+        arrangements.push_back(order);
+    } while (std::next_permutation(order.begin(), order.begin() + m.StdCount));
+    return arrangements;
+}
+
 TEST(PassesAhead, SharedStepsGiveEveryArrangementTheOutcomeOfItsOwnPass) {
     std::mt19937 random(20261123);
     int problemsWithDifferentOutcomes = 0;
     for (int k = 0; k < 300; ++k) {
         const Module1 m = testing::LoadProblem(TiedProblem(random, k % 2 == 0));
         SCOPED_TRACE("problem " + std::to_string(k));
-        // Every order of the standard rows, the rows past them staying in place.
-        std::vector<Arrangement> arrangements;
-        Arrangement order = StartingOrder();
-        do {
-            arrangements.push_back(order);
-        } while (std::next_permutation(order.begin(), order.begin() + m.StdCount));
+        const std::vector<Arrangement> arrangements = EveryOrder(m);
         PassesAhead passes(m, arrangements);
         bool outcomesDiffer = false;
         for (const Arrangement& arrangement : arrangements) {
@@ -70,11 +75,7 @@ TEST(PassesAhead, APassStopsOnlyWhereItCannotBeatThePassesBeforeIt) {
     for (int k = 0; k < 200; ++k) {
         const Module1 m = testing::LoadProblem(TiedProblem(random, k % 2 == 0));
         SCOPED_TRACE("problem " + std::to_string(k));
-        std::vector<Arrangement> arrangements;
-        Arrangement order = StartingOrder();
-        do {
-            arrangements.push_back(order);
-        } while (std::next_permutation(order.begin(), order.begin() + m.StdCount));
+        const std::vector<Arrangement> arrangements = EveryOrder(m);
         const PassBound bound(m);
         std::vector<PassOutcome> alone;
         for (const Arrangement& arrangement : arrangements) {
