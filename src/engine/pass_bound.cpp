@@ -36,7 +36,7 @@ PassBound::PassBound(const Module1& start) : start_(start) {
         hundredths_[i - 1] = static_cast<int64_t>(Scale100(start.MasterCutLength(i)));
         everyPieceFits = everyPieceFits && hundredths_[i - 1] <= longestBar;
     }
-    if ((start.MethodA || start.AllPriced) && everyPieceFits && rate > 0 && rate < INFINITY) {
+    if (SearchFigureIsCost(start) && everyPieceFits && rate > 0 && rate < INFINITY) {
         leastRate_ = rate * Slack;
     }
 }

@@ -30,8 +30,12 @@ double SearchFigure(const Module1& m) {
     return FigureOf(m);
 }
 
+bool SearchFigureIsCost(const Module1& m) {
+    return m.MethodA || m.AllPriced;
+}
+
 double& BestFigure(Module1& m) {
-    return m.MethodA || m.AllPriced ? m.BestCost : m.BestMatWaste;
+    return SearchFigureIsCost(m) ? m.BestCost : m.BestMatWaste;
 }
 
 Arrangement StartingOrder() {

@@ -14,6 +14,8 @@ namespace brennik {
 // What the Advanced search compares, the lower the better: the total cost of Method A, or of
 // Method B where every standard length has a price, else the material Method B leaves over.
 double SearchFigure(const Module1& m);
+// Whether that figure is a cost, and not the material left over.
+bool SearchFigureIsCost(const Module1& m);
 // The best of that figure so far, which an attempt has to beat.
 double& BestFigure(Module1& m);
 
