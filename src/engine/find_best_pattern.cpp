@@ -48,9 +48,14 @@ constexpr int64_t ReachLimit = int64_t{1} << 24;
 // never fill a bar exactly can make the walk's tree grow beyond any wait. A walk gives way
 // sooner, after about as many tries as the table would cost, its rows that stand from the last
 // search left out; but never before MinWalkBudget, which most walks stay well within (a sixteenth
-// of it after the last walk on the bar gave way).
+// of it after walks on the bar gave way).
 constexpr int64_t DefaultWalkBudget = 200000;
 constexpr int64_t MinWalkBudget = 2000;
+// How many walks on a bar may give way in a row before the budget of the next falls further.
+// Lengths that mostly fill a bar exactly have runs of a few walks that give way, after which a
+// walk with the full budget again finds the pattern; lengths that rarely do have walks that give
+// way nearly every time, whose tries would otherwise cost a fifth of the press and more.
+constexpr int GiveWayRun = 8;
 // The table's work that takes as long as one try of a walk.
 constexpr int64_t WorkPerTry = 80;
 // A walk reads the table of an earlier search to rule out the counts of a length only while
@@ -86,10 +91,10 @@ public:
     }
 
     // Returns the least waste found, or `bar` when no pattern exists; counts in best().
-    // `lastGaveWay` tells whether the last walk on this bar gave way to the table. A table
-    // holds the sums up to `tableTop`, at least the bar, so that the searches on the several
-    // bars of a problem build the same table.
-    int64_t Run(int64_t bar, bool lastGaveWay, int64_t tableTop) {
+    // `gaveWayInARow` tells how many of the last walks on this bar, in a row, gave way to the
+    // table. A table holds the sums up to `tableTop`, at least the bar, so that the searches on
+    // the several bars of a problem build the same table.
+    int64_t Run(int64_t bar, int gaveWayInARow, int64_t tableTop) {
         capacity_[count_] = 0;
         divisor_[count_] = 0;
         shortest_[count_] = bar + 1;
@@ -122,7 +127,7 @@ public:
         covered_ = false;
         if (bar <= ReachLimit) {
             SetTableCounts(bar, std::min(tableTop, ReachLimit));
-            budget_ = WalkBudget(lastGaveWay);
+            budget_ = WalkBudget(gaveWayInARow);
             covered_ =
                 ThreadTable().Covers(count_, length_.data(), max_.data(), bar, coverRow_.data());
         }
@@ -167,16 +172,20 @@ public:
 
 private:
     // About as many tries as the table would cost, so that a walk that must give way wastes
-    // no more than the table's own work; a quarter of that after the last walk on the bar gave
-    // way, as the next one mostly does too, and then never less than a sixteenth of the least
-    // budget: where the table stands, reading it costs less than a long walk.
-    int64_t WalkBudget(bool lastGaveWay) const {
+    // no more than the table's own work. After the last walk on the bar gave way, as the next
+    // one mostly does too, a quarter of that; and never less than a sixteenth of the least
+    // budget: where the table stands, reading it costs less than a long walk. After a longer run
+    // of walks that gave way, the quarter is halved for each further one.
+    int64_t WalkBudget(int gaveWayInARow) const {
         const int64_t tableTries =
             ThreadTable().WorkToBuild(count_, length_.data(), tableMost_.data(), tableTop_) /
             WorkPerTry;
         const int64_t cap = walkBudget.load(std::memory_order_relaxed);
-        return std::min(cap, lastGaveWay ? std::max(MinWalkBudget / 16, tableTries / 4)
-                                         : std::max(MinWalkBudget, tableTries));
+        if (gaveWayInARow == 0) {
+            return std::min(cap, std::max(MinWalkBudget, tableTries));
+        }
+        const int halvings = std::max(gaveWayInARow - GiveWayRun, 0);
+        return std::min(cap, std::max(MinWalkBudget / 16, tableTries / 4 >> halvings));
     }
 
     // Whether lengths depth, depth+1, ... may fill `rest` leaving less than `target` over.
@@ -413,8 +422,8 @@ struct BarFacts {
     std::array<int64_t, MaxCutLengths> most{};
     std::array<int64_t, MaxCutLengths> counts{};
     int64_t waste = 0;
-    // Whether the last walk here gave way to a table.
-    bool walkGaveWay = false;
+    // How many walks here in a row, up to the last one, gave way to a table.
+    int walksGivenWay = 0;
 
     bool Answers(int firstWanted, const std::array<int64_t, MaxCutLengths>& limits,
                  int count) const {
@@ -550,9 +559,11 @@ void FindBestPattern(Module1& m, float stdLength, float price, const CutRows<flo
             walk.Recall(*known);
             bestWaste = known->waste;
         } else {
-            bestWaste = walk.Run(bar, facts.walkGaveWay, TableTop(m, bar));
+            bestWaste = walk.Run(bar, facts.walksGivenWay, TableTop(m, bar));
             memo.Remember(key, walk.MemoAnswer());
-            facts.walkGaveWay = walk.GaveWay();
+            // Past 62 halvings the budget is at its least; the count stops there.
+            facts.walksGivenWay =
+                walk.GaveWay() ? std::min(facts.walksGivenWay + 1, GiveWayRun + 62) : 0;
         }
         facts.first = first;
         facts.most = limits;
