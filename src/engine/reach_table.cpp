@@ -199,7 +199,7 @@ void ReachTable::BuildBits(int spacing, int standing) {
     if (bitsCapacity_ < size) {
         // No more than this table needs, with the standing rows carried over. Every row is
         // written whole before it is read, so the new memory is not cleared first.
-        auto grown = std::make_unique_for_overwrite<uint64_t[]>(size);
+        RowMemory grown = AllocateRowMemory(size);
         const auto kept = static_cast<std::size_t>(standing / spacing_ + 1) * words_;
         std::copy(bits_.get(), bits_.get() + std::min(kept, bitsCapacity_), grown.get());
         bits_ = std::move(grown);

@@ -8,8 +8,9 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <vector>
+
+#include "engine/row_memory.h"
 
 namespace brennik {
 
@@ -131,7 +132,7 @@ private:
     std::size_t keptSlots_ = 0;
     int segmentTop_ = 0;  // the kept row whose rows below are in the spare slots
     std::size_t words_ = 0;
-    std::unique_ptr<uint64_t[]> bits_;
+    RowMemory bits_;
     std::size_t bitsCapacity_ = 0;  // in words
     std::vector<int32_t> least_;
     std::vector<int32_t> before_;     // a row by residue before a chunk is added
