@@ -309,7 +309,7 @@ private:
     // depth+1, ..., has one that fills `rest` leaving less than the best waste.
     bool TableCanLeaveLess(int depth, int64_t rest) const {
         const int64_t lowest = std::max<int64_t>(0, rest - bestWaste_ + 1);
-        return ThreadTable().HighestUpTo(coverRow_[depth], rest, lowest) >= 0;
+        return ThreadTable().HighestForWalkUpTo(coverRow_[depth], rest, lowest) >= 0;
     }
 
     // The table's top and its most pieces of each length: a length of which the bar holds no

@@ -30,8 +30,12 @@ constexpr int64_t NumberWork = 4;
 // then the reading of a row at one place, mostly out of the cache.
 constexpr int64_t StepWork = 128;
 // The most combinations of the pieces of the lengths put on top of the table that a read of
-// the sums from a later length tries.
-constexpr int64_t MostFewWays = 32;
+// the sums from a later length tries. The more lengths go on top, the fewer rows a length used
+// up changes; a read of the pattern's counts, once a search, tries their combinations.
+constexpr int64_t MostFewWays = 1024;
+// The most of those combinations that a read for a walk tries: a walk reads the table at many
+// counts, and beyond this reads a row that holds more sums instead.
+constexpr int64_t MostWalkReadWays = 32;
 // From this many pieces of a length on, a row of bits adds the window of counts up to the most,
 // about three passes over the row, rather than doubling chunks, a pass each: the window is the
 // cheaper from three chunks on.
@@ -388,6 +392,10 @@ void ReachTable::OrderRows(Layout& layout) {
         }
     }
     std::reverse(few.begin(), few.end());
+    layout.fewWays.assign(few.size() + 1, 1);
+    for (std::size_t k = few.size(); k-- > 0;) {
+        layout.fewWays[k] = layout.fewWays[k + 1] * (most[few[k]] + 1);
+    }
     layout.othersFrom.resize(static_cast<std::size_t>(count) + 1);
     layout.fewFrom.resize(static_cast<std::size_t>(count) + 1);
     layout.othersFrom[count] = count;
@@ -413,6 +421,15 @@ void ReachTable::OrderRows(Layout& layout) {
 
 bool ReachTable::Has(int d, int64_t sum) {
     return sum >= 0 && HighestUpTo(d, sum, sum) == sum;
+}
+
+int64_t ReachTable::HighestForWalkUpTo(int d, int64_t limit, int64_t lowest) {
+    const int k = built_.fewFrom[d];
+    if (built_.fewWays[static_cast<std::size_t>(k)] <= MostWalkReadWays) {
+        return HighestUpTo(d, limit, lowest);
+    }
+    // Table row k + 1 holds the lengths on top from the k-th on and every other length.
+    return RowHighest(k + 1, limit, std::max<int64_t>(lowest, 0));
 }
 
 int64_t ReachTable::HighestUpTo(int d, int64_t limit, int64_t lowest) {

@@ -43,6 +43,10 @@ public:
                 int* rows) const;
 
     bool Has(int d, int64_t sum);
+    // For a walk's many reads: the largest sum from `lowest` to `limit` of a row that holds every
+    // sum of row d, and perhaps more, read without trying many combinations of the lengths on
+    // top; -1 when it has none there, and then row d has none either.
+    int64_t HighestForWalkUpTo(int d, int64_t limit, int64_t lowest);
     // The largest sum of row d from `lowest` to `limit`, or -1 when the row has none there; from
     // 0 there is always one.
     int64_t HighestUpTo(int d, int64_t limit, int64_t lowest = 0);
@@ -66,7 +70,8 @@ private:
         std::vector<int> few;
         std::vector<int> othersFrom;
         std::vector<int> fewFrom;
-        int modulusRow = 0;   // rows 1 to this one go by residue
+        std::vector<int64_t> fewWays;  // the combinations of the lengths on top from the k-th on
+        int modulusRow = 0;            // rows 1 to this one go by residue
         int64_t modulus = 0;  // the length of the modulus row; 0 when no row goes by residue
         int64_t bitsBar = 0;  // the highest sum that a row of bits holds
         // The rows of bits from the bottom up: the highest sum, then each row's length and most
