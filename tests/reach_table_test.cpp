@@ -126,9 +126,9 @@ TEST(ReachTable, RowsKeptFromTheLastBuildAreThoseOfTheNewLengths) {
 }
 
 // A search whose lengths are those of the last build, some used up and others allowed fewer
-// pieces, on a bar no longer, may read the built rows as holding every sum it can make; one
-// that allows more pieces of a length, holds a length the build did not, or has a longer bar
-// may not.
+// pieces, on a bar no longer, may read the built rows as holding every sum it can make, as may
+// its walk; one that allows more pieces of a length, holds a length the build did not, or has
+// a longer bar may not.
 TEST(ReachTable, CoveringRowsHoldEverySumOfTheLengthsLeft) {
     std::mt19937 random(41);
     ReachTable table;
@@ -159,6 +159,10 @@ TEST(ReachTable, CoveringRowsHoldEverySumOfTheLengthsLeft) {
         for (int d = 1; d < leftCount; ++d) {
             for (int64_t sum = 0; sum <= shorter; ++sum) {
                 ASSERT_TRUE(!sums[d][sum] || table.Has(rows[d], sum)) << "row " << d << ", " << sum;
+                // A walk's read, past a few combinations of the lengths on top, reads a row
+                // holding more sums; never fewer.
+                ASSERT_TRUE(!sums[d][sum] || table.HighestForWalkUpTo(rows[d], sum, sum) == sum)
+                    << "walk's read of row " << d << ", " << sum;
             }
         }
         EXPECT_FALSE(table.Covers(leftCount, left.data(), leftMost.data(), bar + 1, rows.data()));
