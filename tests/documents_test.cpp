@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <sstream>
 
 #include "failing_files.h"
 #include "files/settings.h"
@@ -20,19 +19,10 @@ namespace brennik {
 namespace {
 
 using Lines = std::vector<std::string>;
+using testing::Collapsed;
 
 // The manual is paged for printing: 61 lines to a page, the last of them its number.
 constexpr std::size_t PageLines = 61;
-
-// The line with runs of blanks as one and none at either end, however its columns are aligned.
-std::string Collapsed(const std::string& line) {
-    std::istringstream words(line);
-    std::string collapsed;
-    for (std::string word; words >> word;) {
-        collapsed += (collapsed.empty() ? "" : " ") + word;
-    }
-    return collapsed;
-}
 
 // The index of the one line that is the heading.
 std::size_t HeadingLine(const Lines& text, const std::string& heading) {

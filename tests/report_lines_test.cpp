@@ -8,7 +8,7 @@
 #include <tuple>
 #include <vector>
 
-#include "temp_folder.h"
+#include "press_fixture.h"
 
 namespace brennik {
 namespace {

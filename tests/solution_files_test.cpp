@@ -8,7 +8,6 @@
 #include <QSvgRenderer>
 #include <algorithm>
 #include <cstdlib>
-#include <sstream>
 
 #include "files/text_lines.h"
 #include "press_fixture.h"
@@ -18,6 +17,7 @@ namespace brennik {
 namespace {
 
 using testing::Bench;
+using testing::Collapsed;
 
 // The report printed as a PDF with pages of `width` columns, read back by pdftotext, which ends
 // every page with a form feed.
@@ -27,16 +27,6 @@ std::string PrintedText(Bench& bench, const std::string& report, int width) {
     const std::string command = "pdftotext -layout '" + pdf + "' '" + pdf + ".txt'";
     EXPECT_EQ(std::system(command.c_str()), 0) << command;
     return bench.Read("plan.pdf.txt");
-}
-
-// Runs of blanks as one, so that lines compare however the PDF spaced them.
-std::string Collapsed(const std::string& text) {
-    std::istringstream words(text);
-    std::string collapsed;
-    for (std::string word; words >> word;) {
-        collapsed += word + " ";
-    }
-    return collapsed;
 }
 
 TEST(SolutionPdf, ANarrowReportIsOnePageAndTheDiagramAnother) {
