@@ -84,14 +84,6 @@ private:
     }
 
     void Click(QAbstractButton* button) { QTest::mouseClick(button, Qt::LeftButton); }
-    // The help tip on the screen, if one is open.
-    static QWidget* HelpTip() {
-        QWidget* tip = nullptr;
-        for (QWidget* window : QApplication::topLevelWidgets()) {
-            tip = window->windowTitle() == "Form3" && window->isVisible() ? window : tip;
-        }
-        return tip;
-    }
 
     QString FileText(const QString& name) const {
         QFile file(folder_->filePath(name));
@@ -216,7 +208,12 @@ private slots:
         QVERIFY(room.contains(form_->frameGeometry()));
         form_->move(room.right() - 40, room.bottom() - 40);
         Click(C().cmdHelpTip);
-        QPointer<QWidget> tip = HelpTip();
+        QPointer<QWidget> tip;  // the help tip on the screen
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (window->windowTitle() == "Form3" && window->isVisible()) {
+                tip = window;
+            }
+        }
         QVERIFY(tip != nullptr);
         QVERIFY(room.contains(tip->frameGeometry()));
         QVERIFY(!tip->isModal());
