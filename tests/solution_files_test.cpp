@@ -29,7 +29,8 @@ std::string PrintedText(Bench& bench, const std::string& report, int width) {
     return bench.Read("plan.pdf.txt");
 }
 
-TEST(SolutionPdf, ANarrowReportIsOnePageAndTheDiagramAnother) {
+// The PDF of a narrow report is one page and the diagram another; the SVG holds the diagram.
+TEST(SolutionFiles, ANarrowReportIsOnePageAndTheDiagramAnotherOrAnSvg) {
     Bench bench;
     bench.surface.SetNextInput("U channel Aluminium.");
     bench.Press(testing::kTwelveStock, testing::kTwelveCuts, {.reference = true});
@@ -42,6 +43,18 @@ TEST(SolutionPdf, ANarrowReportIsOnePageAndTheDiagramAnother) {
     for (const std::string& line : lines) {
         EXPECT_NE(Collapsed(text).find(Collapsed(line)), std::string::npos) << line;
     }
+
+    const std::string svg = bench.folder.PathOf("plan.svg");
+    ASSERT_TRUE(WriteDiagramSvg(svg, report));
+    const QSvgRenderer renderer(QString::fromStdString(svg));
+    EXPECT_TRUE(renderer.isValid());
+    EXPECT_GT(renderer.viewBoxF().height(), 100);
+    for (const char* shown : {"Cutting diagram", "x 20", "Standard length 12"}) {
+        EXPECT_NE(bench.Read("plan.svg").find(shown), std::string::npos) << shown;
+    }
+    EXPECT_FALSE(WriteDiagramSvg(bench.folder.PathOf("no/such/folder/plan.svg"), report));
+    EXPECT_FALSE(
+        WriteSolutionPdf(bench.folder.PathOf("no/such/folder/plan.pdf"), {"last.sol", report, 66}));
 }
 
 TEST(SolutionPdf, AWideReportIsPrintedInSlicesOfThePageWidth) {
@@ -65,24 +78,6 @@ TEST(SolutionPdf, AWideReportIsPrintedInSlicesOfThePageWidth) {
             EXPECT_NE(words.find(Collapsed(part)), std::string::npos) << part;
         }
     }
-}
-
-TEST(SolutionSvg, TheDiagramParsesAndDraws) {
-    Bench bench;
-    bench.Press({{"6", ""}}, {{"2.5", "4"}, {"1", "2"}});
-    const std::string report = bench.Read("last.sol");
-    const std::string svg = bench.folder.PathOf("plan.svg");
-    ASSERT_TRUE(WriteDiagramSvg(svg, report));
-    const QSvgRenderer renderer(QString::fromStdString(svg));
-    EXPECT_TRUE(renderer.isValid());
-    EXPECT_GT(renderer.viewBoxF().height(), 100);
-    const std::string contents = bench.Read("plan.svg");
-    for (const char* text : {"Cutting diagram", "x 2", "Standard length 6"}) {
-        EXPECT_NE(contents.find(text), std::string::npos) << text;
-    }
-    EXPECT_FALSE(WriteDiagramSvg(bench.folder.PathOf("no/such/folder/plan.svg"), report));
-    EXPECT_FALSE(
-        WriteSolutionPdf(bench.folder.PathOf("no/such/folder/plan.pdf"), {"last.sol", report, 66}));
 }
 
 }  // namespace
