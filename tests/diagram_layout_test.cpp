@@ -110,16 +110,13 @@ TEST(DiagramLayout, PiecesTooNarrowToDrawAreOneBlockWithTheirCount) {
     EXPECT_NE(std::count(bars.texts.begin(), bars.texts.end(), "19998 x 0.5"), 0);
 }
 
-TEST(DiagramLayout, FortyLengthsGetFortyColours) {
+TEST(DiagramLayout, FortyLengthsGetFortyColoursAndLengthsLoseTrailingZeros) {
     std::set<std::vector<uint8_t>> colours;
     for (std::size_t rank = 0; rank < MaxCutLengths; ++rank) {
         const Colour colour = PieceColour(rank);
         colours.insert({colour.red, colour.green, colour.blue});
     }
     EXPECT_EQ(colours.size(), static_cast<std::size_t>(MaxCutLengths));
-}
-
-TEST(DiagramLayout, LengthsAreWrittenWithoutTrailingZeros) {
     EXPECT_EQ(LengthText(210), "210");
     EXPECT_EQ(LengthText(0.8), "0.8");
     EXPECT_EQ(LengthText(1.65), "1.65");

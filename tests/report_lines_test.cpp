@@ -49,7 +49,7 @@ TEST(ReportStamps, TwelveHourClockAroundMidnightAndNoon) {
 }
 
 // A bar of 6 cut into 4.3 and 1.65 on 11 bars, with 0.05 waste per bar, among eight lengths.
-TEST(CuttingLine, WasteBlockFollowsTheMethodAndItsPrices) {
+TEST(CuttingLine, WasteBlockFollowsTheMethodAndItsPricesAndValuesLoseWhatTheirFieldCannotHold) {
     Module1 m = SettledProblem({5.5f, 4.3f, 3.2f, 2.1f, 1.65f, 1.2f, 1.0f, 0.5f}, true,
                                {0, 1, 0, 0, 1}, 2, 6, 11);
     m.ChosenWaste = 0.05f;
@@ -82,15 +82,13 @@ TEST(CuttingLine, WasteBlockFollowsTheMethodAndItsPrices) {
     }
     // Only the three lines with a waste block count their bars.
     EXPECT_EQ(m.WasteBarsTotal, 33.0f);
-}
 
-TEST(CuttingLine, ValuesLoseWhatTheirFieldCannotHold) {
-    Module1 m = SettledProblem({99999.9f, 210.0f, 1.65f, 1.234f, 0.8f}, true, {1, 1, 1, 1, 123456},
-                               1, 12345.67f, 1);
+    // Values lose what their field cannot hold.
+    m = SettledProblem({99999.9f, 210.0f, 1.65f, 1.234f, 0.8f}, true, {1, 1, 1, 1, 123456}, 1,
+                       12345.67f, 1);
     m.ShowWasteSummary = kFalse;
-    std::vector<std::string> tiny1;
     WriteCuttingLine(m, tiny1);
-    EXPECT_EQ(tiny1.at(0),
+    EXPECT_EQ(tiny1.back(),
               "2345.67        1       1 x99999.9    1 x    210    1 x   1.65    1 x   1.23"
               "23456 x     .8");
     EXPECT_EQ(m.MaxItemsInLine, 5.0f);
