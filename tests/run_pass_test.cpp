@@ -51,18 +51,12 @@ TEST(RunPass, AsksForTheReferenceOnceAndCancelGivesAnEmptyNote) {
     EXPECT_NE(bench.Read("last.sol").find("Reference      =>   \r\n"), std::string::npos);
 }
 
-TEST(RunPass, EmptyFormStopsSilentlyAndNoCuttingLengthsGiveAnEmptyReport) {
+TEST(RunPass, EmptyFormStopsSilently) {
     Bench empty;
     RunPass(empty.m, empty.platform);
     EXPECT_TRUE(empty.m.LengthError);
     EXPECT_EQ(empty.Status(), "");
     EXPECT_TRUE(empty.folder.FileNames().empty());
-
-    Bench noCuts;
-    noCuts.Type(kTwelveStock, {});
-    RunPass(noCuts.m, noCuts.platform);
-    EXPECT_EQ(noCuts.Status(), " Done !.");
-    EXPECT_EQ(noCuts.folder.FileNames(), Texts{"last.sol"});
 }
 
 // A refused intake and a report that cannot be written leave the previous solution and its
