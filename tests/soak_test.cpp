@@ -46,13 +46,6 @@ struct SoakCase {
     bool wasteSummary = false;
 };
 
-std::string Describe(const SoakCase& soak) {
-    return soak.family + (soak.methodB ? ", Method B" : ", Method A") +
-           (soak.advanced ? ", Advanced" : "") + (soak.wasteSummary ? ", waste summary" : "") +
-           "\n  standard: " + ::testing::PrintToString(soak.problem.stock) +
-           "\n  cutting: " + ::testing::PrintToString(soak.problem.cuts);
-}
-
 // A cutting line as the report shows it: bar length, bars, and pieces by length, in hundredths.
 using LineShape = std::pair<std::pair<int64_t, int64_t>, testing::PieceCounts>;
 
@@ -90,10 +83,7 @@ void CheckReport(const SolutionReport& report, const SoakCase& soak, bool advanc
     std::vector<LineShape> shapes;
     int64_t wasteBars = 0;
     int wasteLines = 0;
-    double materialWaste = 0;
-    double moneyWaste = 0;
-    double cost = 0;
-    double previousLength = INFINITY;
+    double materialWaste = 0, moneyWaste = 0, cost = 0, previousLength = INFINITY;
     for (const ReportGroup& group : report.groups) {
         const double length = group.lines.empty() ? 0 : group.lines.front().stdLength;
         EXPECT_LT(length, previousLength) << "groups not longest first";
@@ -168,9 +158,8 @@ struct Pressed {
 };
 
 // The press's own plan, written as a plan, gives last.sol again but for the method's mark, and
-// the same figures. A cheaper plan of the press's problem: every piece cut exactly, never worse
-// than the press's plan, not below the least figure, and its report read back as a report of the
-// press is.
+// the same figures. A cheaper plan of its problem: every piece cut exactly, never worse than the
+// press's plan, not below the least figure, and its report read back as the press's is.
 void CheckCheaperPlan(Bench& bench, const SoakCase& soak, bool advanced) {
     const CuttingProblem problem = ProblemOfPress(bench.m);
     const Plan press = PlanOfPress(bench.m, problem);
@@ -247,8 +236,7 @@ TEST(Soak, RandomProblemsKeepEveryInvariant) {
     const ::testing::TestResult& result =
         *::testing::UnitTest::GetInstance()->current_test_info()->result();
 
-    int done = 0;
-    int failing = 0;
+    int done = 0, failing = 0;
     while (done < problems && failing < kMostFailingProblems) {
         // Shapes from one row up to full forms, quantities from single pieces to the families'.
         static const int kQuantities[] = {1, 3, 12, 60, 0};
@@ -265,7 +253,11 @@ TEST(Soak, RandomProblemsKeepEveryInvariant) {
             const SoakCase soak{family.name, family.problems.front(), coin(random), coin(random),
                                 coin(random)};
             SCOPED_TRACE("problem " + std::to_string(done) + " of seed " + std::to_string(seed) +
-                         ": " + Describe(soak));
+                         ": " + soak.family + (soak.methodB ? ", Method B" : ", Method A") +
+                         (soak.advanced ? ", Advanced" : "") +
+                         (soak.wasteSummary ? ", waste summary" : "") +
+                         "\n  standard: " + ::testing::PrintToString(soak.problem.stock) +
+                         "\n  cutting: " + ::testing::PrintToString(soak.problem.cuts));
             const int failuresBefore = result.total_part_count();
             CheckPresses(soak, done % kCheaperPlanEvery == 0);
             ++done;
