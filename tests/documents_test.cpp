@@ -107,8 +107,7 @@ TEST(WriteDocuments, WritesBothTextsWithCrLfAndGoesOnPastAFailedWrite) {
 // the waste that the program computes, of money only with prices.
 TEST(ManualExamples, PrintTheReportAndQuoteTheFiguresThatTheProgramGives) {
     const auto examples = bench::WorkedExamples();
-    // The last, a report wider than a page, is shown as its page files, with the waste summary
-    // and the reference note.
+    // The last, wider than a page, is shown as its page files, with waste summary and reference.
     const struct {
         bench::ProblemText problem;
         std::string unit;

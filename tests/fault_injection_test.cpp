@@ -68,8 +68,7 @@ void PrepareSession(Bench& bench) {
     bench.surface.SetText({Ctl::Text7}, "120");
 }
 
-// What the user sees of an outcome besides the files: the status line, the settings in force
-// and the boxes.
+// What the user sees of an outcome besides the files: the status, the settings and the boxes.
 std::string Seen(const Bench& bench) {
     std::string seen = "status [" + bench.Status() + "] settings " +
                        std::to_string(bench.m.ShowWasteSummary) +

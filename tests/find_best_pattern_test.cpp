@@ -74,10 +74,9 @@ TEST(FindBestPattern, WorkedCasesAndTheirEdges) {
     }
 }
 
-// How the random problems are drawn: how many, the shortest bar, how many lengths at least and
-// at most, the shortest length in hundredths and the most pieces wanted of each; and whether
-// every other search is answered by the table, so that the walks between read the table of the
-// search before them.
+// How the random problems are drawn: how many, the shortest bar, the fewest and most lengths, the
+// shortest length in hundredths and the most pieces wanted of each; and whether every other
+// search is answered by the table, so that the walks between read the table of the one before.
 struct Draw {
     int problems = 2000, shortestBar = 200, fewestLengths = 1, mostLengths = 8, shortest = 40,
         mostWanted = 12;

@@ -53,8 +53,7 @@ Search PressAdvanced(Bench& bench, const Rows& stock, const Rows& cuts, bool met
     return search;
 }
 
-// The worked examples that the manual runs in Method B with the Advanced option; the manual
-// holds the reports that they end with.
+// The manual's worked examples in Method B with Advanced; the manual holds their final reports.
 TEST(AdvancedPress, WorkedExamplesImproveAtTheStatedAttempts) {
     const struct {
         int example;

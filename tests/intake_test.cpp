@@ -29,13 +29,11 @@ Rows Cases(Rows rows, const Texts& texts, const std::string& shown) {
     return rows;
 }
 
-// Texts that hold no number at all, up to the seven characters that a box takes; control bytes
-// and bytes above 127 among them.
+// Texts without any number, of up to a box's seven characters, bytes below 32 and above 127 too.
 const Texts kNoNumbers = {
     "abcdefg", "#$%&*()", "-------", ".......", "+-+-+-+",        "e1e1e1e",        "nan", "inf",
     "-inf",    "NaN(1)",  "       ", "x0x0x0x", "\t\t\t\t\t\t\t", "\1\2\3\4\5\6\7", "ééé!"};
-// Texts that give no length: too large for a length or for any field, below a hundredth or no
-// number at all.
+// Texts that give no length: too large for a length or any field, below a hundredth, no number.
 const Texts kNoLength =
     Joined({"99999.91", "100000", "9999999", "1e308", "1e999", "1e+9999", "3.4e38", "3.5e38",
             "0.001", "0.004", "-0.01", "-1e999", "0x10", "1e-999"},
@@ -95,9 +93,8 @@ TEST(EntryRows, AreWrittenBackInNormalFormOrDroppedInSilence) {
     }
 }
 
-// Refused at cutting row 2: the message, both boxes of the row red, their texts kept and the
-// focus on its length; the row above black and read, the row below not read. Mended, the next
-// bad row is told.
+// Refused at cutting row 2: the message, the row's boxes red, their texts kept and the focus on
+// its length; the row above black and read, the one below unread. Mended, the next bad row is told.
 TEST(CuttingRows, TheFirstRowThatCannotBeCutIsRefused) {
     Rows cases = Cases({{"", "3"}, {"abc", "-0.5"}}, kNoLength, "3");
     for (const std::string& text :

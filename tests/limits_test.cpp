@@ -1,6 +1,5 @@
 // Problems at the limits of the form, pressed whole: the longest length and price fill their
-// columns, the largest problems and the fuzzer's slow problem files end, and every press cuts
-// every piece asked for.
+// columns, the largest problems and the fuzzer's slow files end, every piece asked for cut.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -85,9 +84,8 @@ TEST(LargeProblems, EveryPressEnds) {
 }
 
 // Loads the problem file of these lines, the cutting rows among them, as the headless runner
-// does, presses Find Solution once and holds the report's pieces against the rows. Each problem
-// once kept a press busy for seconds while the pattern search walked every combination of
-// lengths that never fill a bar exactly.
+// does, presses Find Solution and holds the report's pieces against the rows. Each problem once
+// kept a press busy for seconds while the search walked lengths that never fill a bar exactly.
 void ExpectEveryPieceCut(Bench& bench, Texts lines, const Rows& cuts, const Texts& after = {}) {
     for (const auto& [length, quantity] : cuts) {
         lines.push_back(length + "," + quantity);
@@ -120,8 +118,7 @@ TEST(FuzzFindings, AdvancedOnALongBarAmongShortOnesAndFortyLengthsCutsEveryPiece
                         {"3,3", "3,3", "3,3", "3(3"});
 }
 
-// Twenty lengths 0.07 apart, 99 of each, on a bar of 59.99: the basic press of Method B took
-// 30 s in a release build.
+// Twenty lengths 0.07 apart, 99 of each, on a bar of 59.99: Method B took 30 s in a release build.
 TEST(FuzzFindings, TwentyCloseLengthsOnOneBarAreAllCut) {
     Bench bench;
     bench.surface.SetValue({Ctl::Option2}, true);

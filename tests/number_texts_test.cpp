@@ -73,9 +73,8 @@ TEST(Rounding, RoundEven2RoundsTheStoredValueAndRound2ItsText) {
     EXPECT_EQ(Round2(9.999999f), 10.0f);
 }
 
-// Round2 told another way: the C library's text of x with `digits` significant digits is a whole
-// number of units times a power of ten; those units are rounded half away from zero to
-// hundredths and read back.
+// Round2 told another way: the C library's text of x with `digits` significant digits is whole
+// units times a power of ten; the units, rounded half away from zero to hundredths, are read back.
 template <typename T>
 T RoundThroughText(T x, int digits) {
     char text[64];

@@ -10,8 +10,7 @@ namespace {
 
 using testing::Bench;
 
-// A report whose first line is `width` columns of the alphabet over and over, with a shorter
-// and an empty line below; then View & Print.
+// Views a report: `width` columns of the alphabet over and over, then a shorter and an empty line.
 void ViewReport(Bench& bench, std::size_t width) {
     std::string first;
     for (std::size_t column = 0; column < width; ++column) {

@@ -1,6 +1,5 @@
 // Whole presses with the engine and with the plain complete enumeration in its place: every
-// pattern must be the one the plain walk finds, ties included, so every last.sol and status
-// must come out the same.
+// pattern must be the plain walk's, ties included, so every last.sol and status are the same.
 #include <gtest/gtest.h>
 
 #include "engine/find_best_pattern.h"
@@ -19,8 +18,7 @@ std::pair<std::string, std::string> PressOnce(const bench::ProblemText& problem,
     return {bench.Read("last.sol"), bench.Status()};
 }
 
-// Twice: with the walks as the engine makes them, and with every search answered by the table
-// of reachable sums.
+// With the engine's walks, then with every search answered by the table of reachable sums.
 TEST(PressEquivalence, EngineAndPlainWalkGiveTheSameReportsOnEveryFamily) {
     for (const int64_t walkBudget : {-1, 0}) {
         SetWalkBudget(walkBudget);

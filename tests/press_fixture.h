@@ -1,6 +1,5 @@
-// Test support for whole presses: a problem typed into the entry boxes of an in-memory screen,
-// a fresh temporary folder as the current folder, and a fixed clock; the report read back and
-// its pieces counted.
+// Test support for whole presses: a problem typed into the boxes of an in-memory screen, a fresh
+// temporary folder as the current one, a fixed clock; the report read back, its pieces counted.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -29,8 +28,7 @@
 
 namespace brennik::testing {
 
-// An empty folder under the system's temporary folder, removed with everything in it when the
-// test ends.
+// An empty folder under the system's temporary one, removed with all in it when the test ends.
 class TempFolder {
 public:
     TempFolder() {

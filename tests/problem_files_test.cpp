@@ -69,8 +69,7 @@ TEST(ReadProblemTables, ReadsFieldsTwoAtATime) {
          "3.4028235e+38/3.4028235e+38 -3.4028235e+38/0 | 3.4028235e+38x2147483647 "
          "-3.4028235e+38x-2147483648"},
     };
-    // An empty row after six standard rows is the first cutting row; rows past the 40th are not
-    // read.
+    // An empty row after six standard rows is the first cutting row; rows past the 40th go unread.
     std::string lines = "6,1\r\n5,2\r\n4,3\r\n3,4\r\n2,5\r\n1,6\r\n,";
     std::string tables = "6/1 5/2 4/3 3/4 2/5 1/6 | 0x0";
     for (int row = 2; row <= MaxCutLengths + 5; ++row) {
@@ -119,8 +118,7 @@ TEST(ProblemFiles, ClearProblemEmptiesTheEntriesAndTheResults) {
 }
 
 // Save and Load open their dialogs in the application's folder, whatever the current one is. A
-// cancelled save does not even read the boxes; a loaded file's values are checked only by the
-// next intake.
+// cancelled save does not even read the boxes; only the next intake checks a loaded file's values.
 TEST(ProblemFiles, SavedProblemLoadsBackIntoTheSameBoxes) {
     const testing::TempFolder work;
     Bench bench;

@@ -1,6 +1,5 @@
-// The table of reachable sums against sums worked out one by one, for every row and every sum
-// up to the bar, with every row kept, with only every few rows kept, and by residue above rows
-// of bits.
+// The table of reachable sums against sums worked out one by one, for every row and sum up to
+// the bar, with every row kept, with only every few kept, and by residue above rows of bits.
 #include "engine/reach_table.h"
 
 #include <gtest/gtest.h>
@@ -28,8 +27,7 @@ std::vector<std::vector<bool>> SumsBySuffix(const std::vector<int64_t>& lengths,
 }
 
 // Builds the table with rows kept `spacing` apart and checks every row against the sums worked
-// out one by one, reading the rows from the top down, then from the bottom up, as the searches
-// read them.
+// out one by one, reading rows top down, then bottom up, as the searches read them.
 void ExpectEveryRowExact(ReachTable& table, const std::vector<int64_t>& lengths,
                          const std::vector<int64_t>& most, int64_t bar, int spacing) {
     const int count = static_cast<int>(lengths.size());
@@ -125,10 +123,9 @@ TEST(ReachTable, RowsKeptFromTheLastBuildAreThoseOfTheNewLengths) {
     }
 }
 
-// A search whose lengths are those of the last build, some used up and others allowed fewer
-// pieces, on a bar no longer, may read the built rows as holding every sum it can make, as may
-// its walk; one that allows more pieces of a length, holds a length the build did not, or has
-// a longer bar may not.
+// A search on the last build's lengths, some used up and others allowed fewer pieces, on a bar
+// no longer, may read the built rows as holding every sum it can make, as may its walk; one that
+// allows more pieces of a length, holds a length the build did not, or has a longer bar may not.
 TEST(ReachTable, CoveringRowsHoldEverySumOfTheLengthsLeft) {
     std::mt19937 random(41);
     ReachTable table;

@@ -127,8 +127,7 @@ TEST(ReportReader, OtherTextIsNamedAFaultAndGivesNoPlan) {
     }
 }
 
-// GroupByLength on cutting lines written by hand, each with the standard row that cut it, for
-// standard rows of (length, price, bars).
+// GroupByLength on lines written by hand, each with the row that cut it, of (length, price, bars).
 Lines Grouped(bool methodA, const std::vector<std::tuple<float, float, int32_t>>& rows,
               const std::vector<std::pair<std::string, uint8_t>>& lines) {
     Bench bench;

@@ -94,8 +94,7 @@ TEST(CuttingLine, WasteBlockFollowsTheMethodAndItsPricesAndValuesLoseWhatTheirFi
     EXPECT_EQ(m.MaxItemsInLine, 5.0f);
 }
 
-// Method B with every length priced shows the money figures; a percentage of two digits fills
-// its field.
+// Method B with every length priced shows the money figures; a two-digit percentage fills a field.
 TEST(ReportFoot, MethodBPricedShowsMoneyAndCost) {
     Module1 m = SettledProblem({3, 2, 1}, false);
     m.WasteBarsTotal = 7;

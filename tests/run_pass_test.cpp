@@ -59,8 +59,7 @@ TEST(RunPass, EmptyFormStopsSilently) {
     EXPECT_TRUE(empty.folder.FileNames().empty());
 }
 
-// A refused intake and a report that cannot be written leave the previous solution and its
-// panel; the next pass works again.
+// A refused intake or an unwritable report keeps the last solution and panel; the next pass works.
 TEST(RunPass, AFailedPassKeepsThePreviousSolution) {
     const std::tuple<testing::FileOp, int, std::string> cases[] = {
         {testing::FileOp::Write, 0, " Unacceptable Entry !."},

@@ -19,8 +19,7 @@ namespace {
 using testing::Bench;
 using testing::Collapsed;
 
-// The report printed as a PDF with pages of `width` columns, read back by pdftotext, which ends
-// every page with a form feed.
+// The report as a PDF of pages `width` columns wide, read back by pdftotext: a form feed ends each.
 std::string PrintedText(Bench& bench, const std::string& report, int width) {
     const std::string pdf = bench.folder.PathOf("plan.pdf");
     EXPECT_TRUE(WriteSolutionPdf(pdf, {"last.sol", report, width}));

@@ -101,9 +101,8 @@ private slots:
 
     void cleanup() { form_.reset(); }  // before init replaces its folder
 
-    // A press shows its outcome in texts, colours, the focus, the options, the caption of the
-    // help button and the progress; the caption and the progress are set beforehand, so the
-    // press must bring them back.
+    // A press shows its outcome in texts, colours, the focus, the options, the help button's
+    // caption and the progress, both set beforehand so that the press must bring them back.
     void findShowsItsOutcomeOnTheWidgets() {
         QVERIFY(C().Option1->isChecked());
         form_->Surface().SetCaption({Ctl::cmdHelpTip}, " 37 %");
@@ -188,8 +187,7 @@ private slots:
         QCOMPARE(C().txtSL[1]->text(), QString());
     }
 
-    // Return and Enter press the focused button: Enter opens the settings panel, Return on Ok
-    // applies it.
+    // Return and Enter press the focused button: Enter opens the settings, Return on Ok applies.
     void returnAndEnterPressTheFocusedButton() {
         QTest::keyClick(C().cmdConfig, Qt::Key_Enter, Qt::KeypadModifier);
         QVERIFY(C().Frame1->isVisible());

@@ -1,6 +1,5 @@
-// The solution window as View & Print opens it from the main screen: the report as on disk, the
-// diagram of its lines, printing to a PDF file, Save As, and the search for a cheaper plan
-// running beside the window.
+// The solution window as View & Print opens it: the report as on disk, the diagram of its lines,
+// printing to a PDF file, Save As, and the search for a cheaper plan running beside the window.
 #include <QApplication>
 #include <QFile>
 #include <QPrinter>
@@ -13,8 +12,7 @@
 
 namespace brennik {
 
-// The worked example of the manual's first pages: a press of Method A leaves a plan of eleven
-// cutting lines that a search can make cheaper.
+// The manual's first worked example: Method A leaves a plan of eleven lines a search makes cheaper.
 const QStringList kStock = {"6.1",  "30.4", "5.5",  "27.5", "4.6",
                             "22.3", "4.3",  "20.1", "3.7",  "18.6"};
 const QStringList kCuts = {"1.7", "84", "2.3", "121", "1.5", "67",  ".8", "90",
