@@ -18,9 +18,7 @@ TEST(CuttingPass, BarOfTwelveTakesThreeStepsInMethodA) {
     EXPECT_EQ((std::vector<double>{m.TotalLengthA, m.TotalCostA, m.TotalMatWasteA, m.MatWastePctA,
                                    m.TotalMonWasteA, m.MonWastePctA}),
               (std::vector<double>{540, 540, 10.6, 1.96, 10.6, 1.96}));
-    EXPECT_EQ(m.BarsUsedA(1), 45.0f);
-    EXPECT_EQ(m.PiecesLeft, 0);
-    EXPECT_EQ(m.PercentCut, 100.0f);
+    EXPECT_EQ(std::tuple(m.BarsUsedA(1), m.PiecesLeft, m.PercentCut), std::tuple(45.0f, 0, 100.0f));
     EXPECT_EQ(m.TotalCostB, 0.0) << "Method B's totals stay untouched";
 }
 

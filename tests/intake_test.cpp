@@ -107,9 +107,8 @@ TEST(CuttingRows, TheFirstRowThatCannotBeCutIsRefused) {
         Form form({{"99999.9", "1"}}, {{"2", "4"}, {length, quantity}, {"-3", "5"}});
         EXPECT_EQ(form.m.EntryError, kTrue);
         const ControlState& status = form.surface.State({Ctl::txtLong});
-        EXPECT_EQ(status.text, " Unacceptable Entry !.");
-        EXPECT_EQ(status.back, White);
-        EXPECT_EQ(status.fore, Red);
+        EXPECT_EQ(std::tie(status.text, status.back, status.fore),
+                  std::tuple(" Unacceptable Entry !.", White, Red));
         EXPECT_EQ(form.surface.State({Ctl::txtL, 2}).fore, Red);
         EXPECT_EQ(form.surface.State({Ctl::txtN, 2}).fore, Red);
         EXPECT_EQ(form.surface.State({Ctl::txtL, 1}).fore, Black);
@@ -137,10 +136,9 @@ TEST(CheckCutLengths, TellsTheFirstRowThatFitsNoStandardLength) {
     m.CutLength(3) = 9;
     CheckCutLengths(m, surface);
     EXPECT_EQ(m.LengthError, kTrue);
-    EXPECT_EQ(surface.State({Ctl::txtLong}).text,
-              " This length exceeds the longest standard length !.");
-    EXPECT_EQ(surface.State({Ctl::txtLong}).back, White);
-    EXPECT_EQ(surface.State({Ctl::txtLong}).fore, Red);
+    const ControlState& status = surface.State({Ctl::txtLong});
+    EXPECT_EQ(std::tie(status.text, status.back, status.fore),
+              std::tuple(" This length exceeds the longest standard length !.", White, Red));
     EXPECT_EQ(surface.State({Ctl::txtL, 2}).fore, Red);
     EXPECT_EQ(surface.State({Ctl::txtN, 2}).fore, Black);
     EXPECT_EQ(surface.State({Ctl::txtL, 3}).fore, Black) << "not reached";

@@ -57,12 +57,10 @@ TEST(ClassifyProblem, CountsUpToTheFirstGapAndSwitchesToMethodBWithoutEveryPrice
         MemorySurface surface;
         surface.SetValue({Ctl::Option1}, true);
         ClassifyProblem(m, surface);
-        EXPECT_EQ(m.StdCount, c.stdCount);
-        EXPECT_EQ(m.CutCount, c.stdCount);
-        EXPECT_EQ(m.PriceCount, c.priceCount);
-        EXPECT_EQ(m.AllPriced, ToFlag(c.methodA));
-        EXPECT_EQ(m.MethodA, ToFlag(c.methodA));
-        EXPECT_EQ(m.MethodB, ToFlag(!c.methodA));
+        EXPECT_EQ(std::tie(m.StdCount, m.CutCount, m.PriceCount),
+                  std::tuple(c.stdCount, c.stdCount, c.priceCount));
+        EXPECT_EQ(std::tie(m.AllPriced, m.MethodA, m.MethodB),
+                  std::tuple(ToFlag(c.methodA), ToFlag(c.methodA), ToFlag(!c.methodA)));
         EXPECT_EQ(surface.Value({Ctl::Option2}), !c.methodA);
     }
 }
