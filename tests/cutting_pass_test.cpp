@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "problem_fixture.h"
+#include "press_fixture.h"
 
 namespace brennik {
 namespace {

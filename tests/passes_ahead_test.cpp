@@ -10,7 +10,7 @@
 
 #include "engine/cutting_pass.h"
 #include "engine/pass_bound.h"
-#include "problem_fixture.h"
+#include "press_fixture.h"
 
 namespace brennik {
 namespace {
