@@ -181,8 +181,7 @@ TEST(CuttingPlan, SurplusPiecesComeOutOfTheBarsThatHeldThem) {
               (Plan{{0, 2, {3, 1}}, {0, 1, {1, 0}}}));
 }
 
-// Both routes of FillBar against every filling there is, with and without a threshold, and the
-// search cut short.
+// FillBar's two routes against every filling there is, with and without a threshold, and cut short.
 TEST(FillBar, FindsTheMostValuableFillingOrSaysHowHighOneCouldBe) {
     std::mt19937 random(11);
     const Deadline none(60, nullptr);

@@ -22,8 +22,7 @@ struct Search {
     Texts tried;
 };
 
-// Ticks Advanced and presses Find Solution on the problem; records the events from the status
-// that announces the search to the blank that ends it.
+// Presses Find Solution with Advanced; records the events from the search's status to its blank.
 Search PressAdvanced(Bench& bench, const Rows& stock, const Rows& cuts, bool methodB) {
     bench.Press(stock, cuts, {methodB, true});
     Search search;
@@ -106,8 +105,7 @@ TEST(AdvancedPress, StatusWhenTheSearchFindsNothingOrIsNotStarted) {
     }
 }
 
-// Each attempt rearranges the arrangement that the last one left, so that with more than three
-// lengths some arrangements come twice and others never.
+// Each attempt rearranges what the last one left: past three lengths some come twice, some never.
 TEST(AdvancedPress, AttemptsBuildOnTheArrangementTheLastOneLeft) {
     const Rows six = {{"6", ""}, {"5", ""}, {"4", ""}, {"3", ""}, {"2", ""}, {"1.5", ""}};
     Bench three;

@@ -33,8 +33,7 @@ void ExpectPressEnds(const std::string& what, const Rows& stock, const Rows& cut
                               ? Texts{" Found a Better Solution !.", " Sorry,  No Better Solution."}
                               : Texts{" Done !."};
     EXPECT_NE(std::find(endings.begin(), endings.end(), bench.Status()), endings.end());
-    // A length of five whole digits and two decimals loses its first digit in the report's seven
-    // columns, so the pieces are counted together.
+    // A length of five digits and two decimals loses its first in seven columns: count all pieces.
     const auto total = [](const PieceCounts& pieces) {
         return std::accumulate(pieces.begin(), pieces.end(), int64_t{0},
                                [](int64_t sum, const auto& piece) { return sum + piece.second; });

@@ -21,8 +21,7 @@ using testing::kTwelveCuts;
 using testing::kTwelveStock;
 using Lines = std::vector<std::string>;
 
-// last.sol without the blanks that end its lines, each line begun by a line end so that it
-// compares with a raw string opened on a line of its own.
+// last.sol without trailing blanks and with a line end before each line, as a raw string holds it.
 std::string StrippedReport(Bench& bench) {
     std::string text;
     for (std::string line : SplitLines(bench.Read("last.sol"))) {

@@ -65,8 +65,7 @@ std::vector<LineShape> ShapesOf(const CuttingProblem& problem, const Plan& plan)
     return shapes;
 }
 
-// Every figure of the report against the others, its pieces against those asked for, and its
-// lines against those of the plan that made it.
+// The report's figures against each other, its pieces against those asked, its lines the plan's.
 void CheckReport(const SolutionReport& report, const SoakCase& soak, bool advanced,
                  const CuttingProblem& problem, const Plan& plan, const std::string& mark = "") {
     // Method A needs a price on every length; without one the press runs as Method B.

@@ -1,5 +1,4 @@
-// The PDF and the SVG of a solution, read back as a user's tools read them: the pages and text
-// of the PDF by poppler's pdftotext, the SVG by Qt's renderer.
+// A solution's PDF, read back by poppler's pdftotext, and its SVG, read by Qt's renderer.
 #include "paint/solution_files.h"
 
 #include <gtest/gtest.h>

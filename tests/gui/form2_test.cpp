@@ -155,8 +155,7 @@ private slots:
         }
         QCOMPARE(recorder.Of(C().txtLong).count, 2);
         QVERIFY(recorder.Of(C().Text5[1]).count >= 1);
-        // Method B and Advanced were read from their buttons; the boxes end on the search's
-        // last arrangement and results.
+        // Method B and Advanced came from their buttons; the boxes end on the search's last pass.
         QCOMPARE(C().txtSL[1]->text(), QString("20"));
         QCOMPARE(C().txtMat[2]->text().trimmed(), QString("105"));
         QVERIFY(FileText("last.sol").contains("Method Used    => BA "));
