@@ -1,18 +1,22 @@
-// The main screen driven as a user drives it: typing into the boxes, clicking the buttons,
-// pressing Return and Tab; checked on what the widgets then show. The values the logic writes
-// are checked on the in-memory surface; here each kind of state is checked on its widget.
+// The main screen, and the solution window that View & Print opens beside it, driven as a user
+// drives them: typing into the boxes, clicking the buttons, pressing Return and Tab; checked on
+// what the widgets then show. The values the logic writes are checked on the in-memory surface;
+// here each kind of state is checked on its widget.
 #include <QApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QPlainTextEdit>
+#include <QPrinter>
 #include <QTemporaryDir>
 #include <QtTest>
+#include <algorithm>
 
 #include "shell/qt/app_folder.h"
 #include "shell/qt/form2.h"
 #include "shell/qt/form3.h"
 #include "shell/qt/qt_surface.h"
 #include "shell/qt/screen_place.h"
+#include "shell/qt/solution_window.h"
 
 namespace brennik {
 
@@ -22,6 +26,12 @@ const QString kTwelveFile = "12,12\r\n , \r\n7.5,20\r\n4.5,21\r\n5.1,24\r\n6.5,2
 const QStringList kFeetStock = {"20", "21", "18", "17.5", "15", "14.5", "14", "13.5", "12", "13"};
 const QStringList kFeetCuts = {"7.5", "98", "7.3", "65", "4.4", "67", "6.3", "87", "5.5", "32",
                                "9.3", "51", "7.1", "43", "2.4", "47", "1.9", "56", "3.4", "18"};
+
+// The manual's first worked example: Method A leaves a plan of eleven lines a search makes cheaper.
+const QStringList kMetresStock = {"6.1",  "30.4", "5.5",  "27.5", "4.6",
+                                  "22.3", "4.3",  "20.1", "3.7",  "18.6"};
+const QStringList kMetresCuts = {"1.7", "84", "2.3", "121", "1.5", "67",  ".8", "90",
+                                 "1.1", "65", "1.3", "119", "3.1", "114", ".6", "191"};
 
 QColor Back(const QLineEdit* box) {
     return box->palette().color(QPalette::Base);
@@ -85,9 +95,20 @@ private:
 
     void Click(QAbstractButton* button) { QTest::mouseClick(button, Qt::LeftButton); }
 
-    QString FileText(const QString& name) const {
-        QFile file(folder_->filePath(name));
-        return file.open(QIODevice::ReadOnly) ? QString::fromLatin1(file.readAll()) : QString();
+    QString InFolder(const QString& name) const { return folder_->filePath(name); }
+    QByteArray FileBytes(const QString& name) const {
+        QFile file(InFolder(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    // A file of the folder as text, and as the report view shows it.
+    QString FileText(const QString& name) const { return QString::fromLatin1(FileBytes(name)); }
+    QString Shown(const QString& name) const { return FileText(name).remove('\r'); }
+
+    SolutionWindow& FindAndView() {
+        TypeRows(kMetresStock, kMetresCuts);
+        C().cmdFind->click();
+        C().cmdView->click();
+        return *form_->Solution();
     }
 
 private slots:
@@ -99,7 +120,10 @@ private slots:
         QApplication::setActiveWindow(form_.get());
     }
 
-    void cleanup() { form_.reset(); }  // before init replaces its folder
+    void cleanup() {
+        delete form_->Solution();  // a window of its own, which the form leaves open
+        form_.reset();             // before init replaces its folder
+    }
 
     // A press shows its outcome in texts, colours, the focus, the options, the help button's
     // caption and the progress, both set beforehand so that the press must bring them back.
@@ -116,7 +140,6 @@ private slots:
         QCOMPARE(Fore(C().txtLong), QColor(255, 255, 0));
         QCOMPARE(C().cmdHelpTip->text(), QString("Help Tip"));
         QCOMPARE(C().ProgressBar1->value(), 0);
-        QVERIFY(FileText("last.sol").contains("Method Used    => A  "));
 
         // A refused row turns red and takes the focus.
         Type(C().txtN[3], "-2");
@@ -164,12 +187,12 @@ private slots:
     // Save and Load go through the dialogs; Exit writes last.pro, closing by the frame does not.
     void problemFilesGoThroughTheDialogsAndOnlyExitWritesLastPro() {
         TypeRows(kTwelveStock, kTwelveCuts);
-        const QString path = folder_->filePath("bar.pro");
+        const QString path = InFolder("bar.pro");
         form_->Surface().SetNextFileName(path);
         Click(C().cmdSave);
         QCOMPARE(FileText("bar.pro"), kTwelveFile);
         form_->close();
-        QVERIFY(!QFile::exists(folder_->filePath("last.pro")));
+        QVERIFY(!QFile::exists(InFolder("last.pro")));
         form_->show();
         Click(C().cmdExit);
         QVERIFY(!form_->isVisible());
@@ -260,6 +283,73 @@ private slots:
         for (QWidget* result : {C().txtMon[1], C().txtMat[MaxStdLengths], C().txtLong, C().Text3}) {
             QVERIFY(!visited.contains(result));
         }
+    }
+
+    void viewShowsTheFileAndOneBarPerCuttingLine() {
+        C().cmdView->click();
+        QVERIFY(form_->Solution() == nullptr);  // nothing to view before the first press
+        SolutionWindow& window = FindAndView();
+        QVERIFY(window.isVisible());
+        QVERIFY(window.isMaximized() || QTest::qWaitForWindowExposed(&window));
+        QCOMPARE(window.ReportView().toPlainText(), Shown("last.sol"));
+        int bars = 0;  // the bands of the diagram that hold pieces
+        for (const DiagramBand& band : window.Diagram().Shown().bands) {
+            bars += std::any_of(band.boxes.begin(), band.boxes.end(), [](const DiagramBox& box) {
+                return box.shade == Shade::Piece || box.shade == Shade::PieceRun;
+            });
+        }
+        QCOMPARE(bars, 11);
+
+        // A second press shows the same window with the file as it is now; a file the press did
+        // not write has no figures of the press.
+        QFile file(InFolder("last.sol"));
+        QVERIFY(file.open(QIODevice::Append));
+        file.write("Edited\r\n");
+        file.close();
+        C().cmdView->click();
+        QCOMPARE(form_->Solution(), &window);
+        QCOMPARE(window.ReportView().toPlainText(), Shown("last.sol"));
+        QVERIFY(!window.Quality().isVisible());
+    }
+
+    void printAndSaveAsPdfWriteThePlanShown() {
+        SolutionWindow& window = FindAndView();
+        QPrinter printer(QPrinter::HighResolution);
+        printer.setOutputFileName(InFolder("printed.pdf"));
+        QCOMPARE(window.PrintOn(printer), 2);
+        window.SetNextFileName(InFolder("april.pdf"));
+        window.SaveAsPdf();
+        QVERIFY(FileBytes("april.pdf").startsWith("%PDF"));
+        window.SetNextFileName("");  // Cancel writes nothing
+        window.SaveAs();
+        QCOMPARE(window.Message(), "Saved as " + InFolder("april.pdf") + ".");
+    }
+
+    void aCheaperPlanIsFoundBesideTheWindowAndShownAndSavedWithItsOwnReport() {
+        SolutionWindow& window = FindAndView();
+        PlanQuality& quality = window.Quality();
+        QVERIFY(quality.isVisible());
+        QTRY_VERIFY_WITH_TIMEOUT(!quality.Busy(), 30000);
+        QVERIFY(quality.Figures().startsWith("Least possible cost: "));
+        QVERIFY(quality.Figures().contains("% above it."));
+
+        quality.FindCheaperPlan();
+        QVERIFY(quality.Busy());
+        QVERIFY(!quality.FindButton()->isVisible());
+        QTRY_VERIFY_WITH_TIMEOUT(!quality.Busy(), 30000);
+        QCOMPARE(window.ReportView().toPlainText(), Shown("cheaper.sol"));
+        QVERIFY(window.ReportView().toPlainText().contains("Method Used    => A+ "));
+        QVERIFY(quality.Figures().contains("A cheaper plan: cost "));
+        QVERIFY(!quality.FindButton()->isEnabled());
+        window.SetNextFileName(InFolder("april.sol"));
+        window.SaveAs();
+        QCOMPARE(FileBytes("april.sol"), FileBytes("cheaper.sol"));
+
+        // A new press of View on the same report keeps both plans and the one shown.
+        C().cmdView->click();
+        QCOMPARE(window.ShownPlan(), 1);
+        window.ShowPlan(0);
+        QCOMPARE(window.ReportView().toPlainText(), Shown("last.sol"));
     }
 };
 
