@@ -84,8 +84,7 @@ std::string Seen(const Bench& bench) {
 struct Operation {
     std::string name;
     std::function<void(Module1&, Surface&, FileSystem&)> run;
-    // The status that a failure of each kind must tell; a kind not listed is passed over, and
-    // the operation ends as it does with working files.
+    // The status that each kind of failure must tell; a kind not listed ends as with working files.
     std::map<FileOp, std::string> told;
     // An Advanced press that fails in its second pass leaves the first pass's whole report.
     bool firstReportMayStand = false;
