@@ -8,7 +8,7 @@
 #include <tuple>
 #include <vector>
 
-#include "press_fixture.h"
+#include "temp_folder.h"
 
 namespace brennik {
 namespace {
