@@ -97,8 +97,7 @@ inline void PlainFindBestPattern(Module1& m, float stdLength, float price,
     }
 }
 
-// Runs the plain enumeration in the engine's place for as long as it lives, every pass of a
-// search on its own and in its turn.
+// Runs the plain enumeration in the engine's place while it lives, every pass alone and in turn.
 class PlainSearchInUse {
 public:
     PlainSearchInUse() {

@@ -156,8 +156,7 @@ TEST(ReachTable, CoveringRowsHoldEverySumOfTheLengthsLeft) {
         for (int d = 1; d < leftCount; ++d) {
             for (int64_t sum = 0; sum <= shorter; ++sum) {
                 ASSERT_TRUE(!sums[d][sum] || table.Has(rows[d], sum)) << "row " << d << ", " << sum;
-                // A walk's read, past a few combinations of the lengths on top, reads a row
-                // holding more sums; never fewer.
+                // A walk's read past a few top-length combinations holds every sum, maybe more.
                 ASSERT_TRUE(!sums[d][sum] || table.HighestForWalkUpTo(rows[d], sum, sum) == sum)
                     << "walk's read of row " << d << ", " << sum;
             }

@@ -300,8 +300,7 @@ private slots:
         }
         QCOMPARE(bars, 11);
 
-        // A second press shows the same window with the file as it is now; a file the press did
-        // not write has no figures of the press.
+        // View again shows the edited file in the same window, without the figures of the press.
         QFile file(InFolder("last.sol"));
         QVERIFY(file.open(QIODevice::Append));
         file.write("Edited\r\n");
